@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+
+// The archive: one SQLite file in the program folder and the two connections that serve it for as long as the
+// program runs. All functions throw ErroreArchivio.
+
+inline constexpr int IdentificativoArchivio = 0x564C4D31;  // "VLM1" in the header of the file
+
+QString percorsoArchivio();
+
+QSqlDatabase Conn();       // all reads and writes
+QSqlDatabase ConnShape();  // the parent-and-children queries of the reports
+
+// At start: makes a new archive when the file is missing, and refuses a file that is not an archive of ours,
+// is damaged or cannot be written. A refused file is left as it is.
+void PreparaArchivio();
+
+void ApriDataBase();
+void ChiudiDataBase();
+
+// Makes a new archive, with every table, at a path where no file is. It appears there whole or not at all.
+// `primaDelPasso`: the tables as they were before that upgrade step; by default as they are now.
+void creaArchivio(const QString& percorso, int primaDelPasso = 0);
+
+// What is wrong with the file as an archive, in the operator's words; empty when nothing is.
+QString difettoArchivio(const QString& percorso);

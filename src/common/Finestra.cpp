@@ -1,0 +1,107 @@
+#include "common/Finestra.h"
+
+#include "common/Subroutine.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+constexpr char Tabella[] = "completaDaTabella";
+constexpr char ColonnaDati[] = "completaDaColonna";
+
+bool campo(const QObject* oggetto) {
+    return qobject_cast<const QLineEdit*>(oggetto) || qobject_cast<const QComboBox*>(oggetto) ||
+           qobject_cast<const QAbstractSpinBox*>(oggetto);
+}
+
+bool spunta(const QObject* oggetto) {
+    return qobject_cast<const QCheckBox*>(oggetto) || qobject_cast<const QRadioButton*>(oggetto);
+}
+
+bool invioComeTab(QObject* oggetto, const QKeyEvent& tasto) {
+    if (tasto.key() != Qt::Key_Return && tasto.key() != Qt::Key_Enter)
+        return false;
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QApplication::sendEvent(oggetto, &tab);
+    return true;
+}
+
+}  // namespace
+
+Finestra::Finestra(QWidget* padre) : QDialog(padre) {
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+}
+
+void Finestra::reject() {
+    if (puoChiudere())
+        QDialog::reject();
+}
+
+void Finestra::preparaCampi() {
+    const QList<QWidget*> controlli = findChildren<QWidget*>();
+    for (QWidget* controllo : controlli) {
+        if (campo(controllo) || spunta(controllo))
+            controllo->installEventFilter(this);
+        if (auto* pulsante = qobject_cast<QPushButton*>(controllo))
+            pulsante->setAutoDefault(false);
+    }
+}
+
+void Finestra::showEvent(QShowEvent* evento) {
+    preparaCampi();
+    if (!m_centrata) {
+        m_centrata = true;
+        CentraFinestra(this);
+    }
+    QDialog::showEvent(evento);
+}
+
+void Finestra::completaDa(QLineEdit* box, const QString& tabella, const QString& colonna) {
+    box->setProperty(Tabella, tabella);
+    box->setProperty(ColonnaDati, colonna);
+    box->installEventFilter(this);
+}
+
+bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
+    auto* controllo = qobject_cast<QWidget*>(oggetto);
+    switch (evento->type()) {
+        case QEvent::FocusIn:
+            if (campo(oggetto))
+                EvidenziaCampo(controllo);
+            break;
+        case QEvent::FocusOut:
+            if (campo(oggetto))
+                RipristinaCampo(controllo);
+            break;
+        case QEvent::KeyPress:
+            if (invioComeTab(oggetto, static_cast<QKeyEvent&>(*evento)))
+                return true;
+            break;
+        case QEvent::KeyRelease:
+            if (const QString tabella = oggetto->property(Tabella).toString(); !tabella.isEmpty()) {
+                CompletaTesto(qobject_cast<QLineEdit*>(oggetto), tabella,
+                              oggetto->property(ColonnaDati).toString(),
+                              static_cast<QKeyEvent&>(*evento).key());
+            }
+            break;
+        default:
+            break;
+    }
+    return QDialog::eventFilter(oggetto, evento);
+}
+
+void Finestra::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() == Qt::Key_F1)
+        mostraAiuto(this);
+    else
+        QDialog::keyPressEvent(evento);
+}

@@ -1,0 +1,107 @@
+#include "common/Subroutine.h"
+
+#include "common/frmAiuto.h"
+#include "common/Funzioni.h"
+
+#include <algorithm>
+#include <QApplication>
+#include <QDesktopServices>
+#include <QLineEdit>
+#include <QScreen>
+#include <QUrl>
+#include <QValidator>
+
+namespace {
+
+const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
+
+void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
+    QPalette colori = campo->palette();
+    for (const QPalette::ColorRole ruolo : {QPalette::Base, QPalette::Button})
+        colori.setColor(ruolo, sfondo);
+    for (const QPalette::ColorRole ruolo : {QPalette::Text, QPalette::ButtonText})
+        colori.setColor(ruolo, testo);
+    campo->setPalette(colori);
+}
+
+class ValidatoreTasti final : public QValidator {
+public:
+    ValidatoreTasti(Filtro filtro, QObject* padre) : QValidator(padre), m_filtro(filtro) {}
+
+    State validate(QString& testo, int& cursore) const override {
+        const auto rifiutato = [this](QChar c) {
+            int tasto = c.unicode();
+            return (m_filtro == Filtro::Cifre ? FiltroCifre(tasto) : FiltroCifreVirgola(tasto)) == 0;
+        };
+        const auto primaDelCursore = std::count_if(testo.cbegin(), testo.cbegin() + cursore, rifiutato);
+        testo.removeIf(rifiutato);
+        cursore -= static_cast<int>(primaDelCursore);
+        return Acceptable;
+    }
+
+private:
+    Filtro m_filtro;
+};
+
+}  // namespace
+
+void EvidenziaCampo(QWidget* campo) {
+    coloraCampo(campo, SfondoEvidenziato, Qt::white);
+}
+
+void RipristinaCampo(QWidget* campo) {
+    coloraCampo(campo, Qt::white, QApplication::palette().color(QPalette::WindowText));
+}
+
+void CentraFinestra(QWidget* finestra) {
+    const QScreen* schermo = finestra->screen();
+    finestra->move(schermo->geometry().center() - QRect(QPoint(), finestra->size()).center());
+}
+
+bool FinestraCaricata(const QString& nome) {
+    const QWidgetList finestre = QApplication::topLevelWidgets();
+    return std::ranges::any_of(finestre, [&](const QWidget* f) { return f->objectName() == nome; });
+}
+
+void ApriDocumento(const QString& documento) {
+    if (!documento.isEmpty())
+        QDesktopServices::openUrl(QUrl::fromUserInput(documento));
+}
+
+void CompletaTesto(QLineEdit* campo, const QString& tabella, const QString& colonna, int tasto) {
+    const QString testo = campo->text();
+    if (tasto == Qt::Key_Backspace || tasto == Qt::Key_Delete || testo.isEmpty())
+        return;
+    const std::optional<QString> completo = primoCompletamento(tabella, colonna, testo);
+    if (!completo)
+        return;
+    campo->setText(completo->toUpper());
+    campo->setSelection(static_cast<int>(testo.size()), static_cast<int>(completo->size() - testo.size()));
+}
+
+void applicaFiltro(QLineEdit* campo, Filtro filtro) {
+    campo->setValidator(new ValidatoreTasti(filtro, campo));
+}
+
+void mostraAiuto(QWidget* finestra) {
+    auto* aiuto = finestra->findChild<frmAiuto*>();
+    if (!aiuto)
+        aiuto = new frmAiuto(finestra);
+    aiuto->mostraPagina(finestra->objectName());
+}
+
+CursoreAttesa::CursoreAttesa() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+CursoreAttesa::~CursoreAttesa() {
+    QApplication::restoreOverrideCursor();
+}
+
+CursoreNormale::CursoreNormale() {
+    QApplication::setOverrideCursor(Qt::ArrowCursor);
+}
+
+CursoreNormale::~CursoreNormale() {
+    QApplication::restoreOverrideCursor();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+class QLineEdit;
+class QWidget;
+
+// Helpers of the windows.
+
+// Focus colours of an entry field: white on blue while it has the focus.
+void EvidenziaCampo(QWidget* campo);
+void RipristinaCampo(QWidget* campo);
+
+void CentraFinestra(QWidget* finestra);
+// Whether a window of that class name exists, shown or hidden; case counts. Nothing is loaded by asking.
+bool FinestraCaricata(const QString& nome);
+
+// Opens a document or an address with the desktop's own program; an empty text does nothing, failures are
+// ignored.
+void ApriDocumento(const QString& documento);
+
+// Type-ahead, after a key has been released (`tasto`: Qt::Key): the first value of the column that begins
+// with the text goes into the box in upper case, its tail selected so that typing on overwrites it.
+void CompletaTesto(QLineEdit* campo, const QString& tabella, const QString& colonna, int tasto);
+
+// Keeps a box to what a key filter lets through, for keys and for pasted text (which loses the rest).
+enum class Filtro { Cifre, CifreVirgola };
+void applicaFiltro(QLineEdit* campo, Filtro filtro);
+
+// The help page of a window; it stays open beside it.
+void mostraAiuto(QWidget* finestra);
+
+// The hourglass, for as long as the object lives.
+class CursoreAttesa final {
+public:
+    CursoreAttesa();
+    Q_DISABLE_COPY_MOVE(CursoreAttesa)
+    ~CursoreAttesa();
+};
+
+// The ordinary pointer for the time of a box, also in the middle of long work.
+class CursoreNormale final {
+public:
+    CursoreNormale();
+    Q_DISABLE_COPY_MOVE(CursoreNormale)
+    ~CursoreNormale();
+};

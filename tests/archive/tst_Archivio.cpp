@@ -1,0 +1,241 @@
+#include "archive/ErroreArchivio.h"
+#include "archive/Schema.h"
+#include "supporto/ProgrammaDiProva.h"
+
+#include <unistd.h>
+#include <QFile>
+#include <QSqlRecord>
+#include <QTest>
+
+class tst_Archivio final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nuovoHaTutto();
+    void cascate();
+    void maiusculeEValori();
+    void ristretto();
+    void rifiutati_data();
+    void rifiutati();
+    void cartellaNonScrivibile();
+    void spartito();
+    void discoPieno();
+    void transazioni();
+    void chiudiERiapri();
+};
+
+namespace {
+
+QByteArray contenuto(const QString& percorso) {
+    QFile file(percorso);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void scrivi(const QString& percorso, const QByteArray& dati) {
+    QFile file(percorso);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(dati), dati.size());
+}
+
+// Runs with the rights of an ordinary user where the test itself runs as root.
+template <typename Azione>
+void comeUtenteComune(Azione azione) {
+    const bool root = geteuid() == 0;
+    if (root)
+        QCOMPARE(seteuid(65534), 0);
+    azione();
+    if (root)
+        QCOMPARE(seteuid(0), 0);
+}
+
+}  // namespace
+
+void tst_Archivio::nuovoHaTutto() {
+    ProgrammaDiProva programma;
+    for (const Tabella& tabella : tabelle()) {
+        for (const QSqlDatabase& connessione : {Conn(), ConnShape()}) {
+            QSqlRecord colonne = connessione.record(tabella.nome);
+            QCOMPARE(colonne.count(), static_cast<int>(tabella.colonne.size()));
+            for (const Colonna& colonna : tabella.colonne)
+                QVERIFY2(colonne.contains(colonna.nome), colonna.nome);
+        }
+        QCOMPARE(contaRighe(tabella.nome), 0);
+    }
+    QCOMPARE(contaRighe("sqlite_master", "type='index' AND name NOT LIKE 'sqlite%'"),
+             static_cast<int>(indici().size()));
+    QCOMPARE(
+        QFile::permissions(percorsoArchivio()) & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteOther),
+        QFile::Permissions());
+}
+
+void tst_Archivio::cascate() {
+    ProgrammaDiProva programma;
+    const auto conta = [] {
+        QList<int> righe;
+        for (const char* tabella : {"Manifestazioni", "Prove", "Equipaggi", "Rilevamenti", "Raggruppamenti",
+                                    "Squadre", "Prezzi", "Incassi"})
+            righe << contaRighe(QString::fromLatin1(tabella));
+        return righe;
+    };
+    const auto popola = [] {
+        const int man = nuovaManifestazione();
+        nuovaProva();
+        nuovaProva();
+        inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}});
+        inserisciRiga("Squadre", {{"IDMan_FK", man}});
+        const int pre = inserisciRiga("Prezzi", {{"IDMan_FK", man}});
+        const int equ = nuovoEquipaggio(1);
+        nuovoEquipaggio(2);
+        inserisciRiga("Incassi", {{"IDEqu_FK", equ}, {"IDPre_FK", pre}, {"Qta", 1}});
+        return man;
+    };
+    const int prima = popola();
+    popola();
+    QCOMPARE(conta(), (QList<int>{2, 4, 4, 8, 2, 2, 2, 2}));
+    esegui("DELETE FROM Manifestazioni WHERE IDMan=?", {prima});
+    QCOMPARE(conta(), (QList<int>{1, 2, 2, 4, 1, 1, 1, 1}));
+    esegui("DELETE FROM Prove WHERE IDPro=(SELECT min(IDPro) FROM Prove)");
+    QCOMPARE(conta(), (QList<int>{1, 1, 2, 2, 1, 1, 1, 1}));
+    esegui("DELETE FROM Equipaggi WHERE Num=1");
+    QCOMPARE(conta(), (QList<int>{1, 1, 1, 1, 1, 1, 1, 0}));
+}
+
+void tst_Archivio::maiusculeEValori() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovoEquipaggio(7, {{"Cog", "D'Angelò"}, {"Omo", QVariant()}, {"Not", ""}, {"Cil", 1298}});
+    Statement lettura("SELECT * FROM Equipaggi WHERE cog='d''angelò'");
+    QVERIFY(lettura.esegui().prossima());
+    QCOMPARE(lettura.testo("COG"), QStringLiteral("D'Angelò"));
+    QVERIFY(lettura.nullo(lettura.colonna("Omo")));
+    QVERIFY(!lettura.nullo(lettura.colonna("Not")));
+    QCOMPARE(lettura.testo("Cil"), QStringLiteral("1298"));
+    QVERIFY_EXCEPTION_THROWN((void)lettura.colonna("Manca"), ErroreArchivio);
+    QVERIFY_EXCEPTION_THROWN(inserisciRiga("Prove", {{"IDMan_FK", 999}}), ErroreArchivio);
+}
+
+void tst_Archivio::ristretto() {
+    // Byte copies are valid archives, so nothing of a closed archive may stand beside the file.
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    ChiudiDataBase();
+    const QString copia = percorsoNelProgramma("copia.mdb");
+    QVERIFY(QFile::copy(percorsoArchivio(), copia));
+    QCOMPARE(difettoArchivio(copia), QString());
+    QVERIFY(!QFile::exists(percorsoArchivio() + "-journal"));
+    QVERIFY(!QFile::exists(percorsoArchivio() + "-wal"));
+}
+
+void tst_Archivio::rifiutati_data() {
+    QTest::addColumn<QByteArray>("dati");
+    QTest::addColumn<QString>("parola");
+    const ProgrammaDiProva programma;
+    nuovaManifestazione();
+    for (int i = 0; i < 200; ++i)
+        nuovoEquipaggio(i);
+    ChiudiDataBase();
+    const QByteArray buono = contenuto(percorsoArchivio());
+    QByteArray guasto = buono;
+    for (qsizetype i = 4096; i < guasto.size(); i += 3)
+        guasto[i] = 'x';
+    QByteArray altrui = buono;
+    altrui.replace(68, 4, QByteArray("ABCD"));
+    QTest::newRow("something else") << QByteArray("Questo non e' un archivio, ma un testo.")
+                                    << "non è un archivio";
+    QTest::newRow("empty") << QByteArray() << "vuoto";
+    QTest::newRow("pages overwritten") << guasto << "danneggiato";
+    QTest::newRow("cut short") << buono.left(buono.size() / 2) << "danneggiato";
+    QTest::newRow("header alone") << buono.left(100) << "non si può usare";
+    QTest::newRow("another program's") << altrui << "altro programma";
+}
+
+void tst_Archivio::rifiutati() {
+    QFETCH(QByteArray, dati);
+    QFETCH(QString, parola);
+    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    scrivi(percorsoArchivio(), dati);
+    try {
+        PreparaArchivio();
+        QFAIL("accepted");
+    } catch (const ErroreArchivio& errore) {
+        QVERIFY2(errore.testo().contains(parola), qPrintable(errore.testo()));
+    }
+    QCOMPARE(contenuto(percorsoArchivio()), dati);
+}
+
+void tst_Archivio::cartellaNonScrivibile() {
+    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    QVERIFY(QFile::setPermissions(PercorsoApp,
+                                  QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+    comeUtenteComune([] { QVERIFY_EXCEPTION_THROWN(PreparaArchivio(), ErroreArchivio); });
+    QVERIFY(!QFile::exists(percorsoArchivio()));
+    QVERIFY(QFile::setPermissions(PercorsoApp, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                                   QFile::ReadOther | QFile::ExeOther));
+    PreparaArchivio();
+    const QByteArray prima = contenuto(percorsoArchivio());
+    QVERIFY(QFile::setPermissions(percorsoArchivio(), QFile::ReadOwner | QFile::ReadOther));
+    comeUtenteComune([] { QVERIFY_EXCEPTION_THROWN(PreparaArchivio(), ErroreArchivio); });
+    QCOMPARE(contenuto(percorsoArchivio()), prima);
+}
+
+void tst_Archivio::spartito() {
+    // An archive that vanishes while the program runs must not come back empty.
+    ProgrammaDiProva programma;
+    ChiudiDataBase();
+    QVERIFY(QFile::rename(percorsoArchivio(), percorsoNelProgramma("altrove.mdb")));
+    QVERIFY_EXCEPTION_THROWN(ApriDataBase(), ErroreArchivio);
+    QVERIFY(!QFile::exists(percorsoArchivio()));
+    QVERIFY(QFile::rename(percorsoNelProgramma("altrove.mdb"), percorsoArchivio()));
+    ApriDataBase();
+}
+
+void tst_Archivio::discoPieno() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int pagine = leggiValore("PRAGMA page_count")->toInt();
+    leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
+    try {
+        Transazione transazione;
+        for (int i = 0; i < 1000; ++i)
+            nuovoEquipaggio(i, {{"Not", QString(200, 'x')}});
+        transazione.conferma();
+        QFAIL("no disk is that large");
+    } catch (const ErroreArchivio& errore) {
+        QVERIFY2(errore.testo().contains("disco è pieno"), qPrintable(errore.testo()));
+    }
+    QCOMPARE(contaRighe("Equipaggi"), 0);
+    ChiudiDataBase();
+    ApriDataBase();
+    QCOMPARE(contaRighe("Manifestazioni"), 1);
+    QCOMPARE(difettoArchivio(percorsoArchivio()), QString());
+}
+
+void tst_Archivio::transazioni() {
+    ProgrammaDiProva programma;
+    {
+        const Transazione lasciata;
+        nuovaManifestazione();
+        QCOMPARE(contaRighe("Manifestazioni"), 1);
+    }
+    QCOMPARE(contaRighe("Manifestazioni"), 0);
+    Transazione tenuta;
+    nuovaManifestazione();
+    tenuta.conferma();
+    QCOMPARE(contaRighe("Manifestazioni"), 1);
+}
+
+void tst_Archivio::chiudiERiapri() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    ChiudiDataBase();
+    ChiudiDataBase();
+    ApriDataBase();
+    QVERIFY_EXCEPTION_THROWN(ApriDataBase(), ErroreArchivio);
+    QCOMPARE(Statement("SELECT Nom FROM Manifestazioni", ConnShape()).esegui().prossima(), true);
+    for (const char* impostazione : {"foreign_keys", "synchronous"})
+        QVERIFY(leggiValore(QStringLiteral("PRAGMA %1").arg(impostazione))->toInt() > 0);
+    QCOMPARE(leggiValore("PRAGMA journal_mode")->toString(), QStringLiteral("delete"));
+}
+
+QTEST_GUILESS_MAIN(tst_Archivio)
+#include "tst_Archivio.moc"

@@ -1,0 +1,153 @@
+#include "common/Finestra.h"
+#include "common/frmAiuto.h"
+#include "common/frmMSG.h"
+#include "common/Subroutine.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+class FinestraDiProva final : public Finestra {
+public:
+    FinestraDiProva() {
+        setObjectName("frmDiProva");
+        auto* disposizione = new QVBoxLayout(this);
+        for (QWidget* controllo :
+             std::initializer_list<QWidget*>{&primo, &combo, &spunta, &ultimo, &pulsante})
+            disposizione->addWidget(controllo);
+        completaDa(&primo, "Equipaggi", "Mar");
+    }
+    bool puoChiudere() override { return chiudibile; }
+
+    QLineEdit primo, ultimo;
+    QComboBox combo;
+    QCheckBox spunta;
+    QPushButton pulsante;
+    bool chiudibile = true;
+};
+
+}  // namespace
+
+class tst_Finestra final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void invioVaAvantiEColora();
+    void completaMentreSiScrive();
+    void filtriSuIncolla();
+    void chiusura();
+    void avvisoSiChiudeDaSolo();
+    void caricata();
+    void errori();
+    void aiutoMancante();
+};
+
+void tst_Finestra::invioVaAvantiEColora() {
+    ProgrammaDiProva programma;
+    FinestraDiProva finestra;
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    finestra.primo.setFocus();
+    QCOMPARE(finestra.primo.palette().color(QPalette::Base), QColor(0x80, 0x80, 0xFF));
+    QCOMPARE(finestra.primo.palette().color(QPalette::Text), QColor(Qt::white));
+    QWidget* attesi[] = {&finestra.combo, &finestra.spunta, &finestra.ultimo, &finestra.pulsante};
+    for (QWidget* atteso : attesi) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), atteso);
+    }
+    QCOMPARE(finestra.primo.palette().color(QPalette::Base), QColor(Qt::white));
+}
+
+void tst_Finestra::completaMentreSiScrive() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovoEquipaggio(1, {{"Mar", "Lancia"}});
+    FinestraDiProva finestra;
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    QTest::keyClicks(&finestra.primo, "la");
+    QCOMPARE(finestra.primo.text(), QStringLiteral("LANCIA"));
+    QCOMPARE(finestra.primo.selectedText(), QStringLiteral("NCIA"));
+    QTest::keyClick(&finestra.primo, Qt::Key_Delete);
+    QCOMPARE(finestra.primo.text(), QStringLiteral("LA"));
+    QTest::keyClicks(&finestra.primo, "x");
+    QCOMPARE(finestra.primo.text(), QStringLiteral("LAx"));
+}
+
+void tst_Finestra::filtriSuIncolla() {
+    QLineEdit cifre, virgola;
+    applicaFiltro(&cifre, Filtro::Cifre);
+    applicaFiltro(&virgola, Filtro::CifreVirgola);
+    QTest::keyClicks(&cifre, "1a2,3-");
+    QTest::keyClicks(&virgola, "1a2,3-");
+    QCOMPARE(cifre.text(), QStringLiteral("123"));
+    QCOMPARE(virgola.text(), QStringLiteral("12,3"));
+    QApplication::clipboard()->setText(" 7x8 9");
+    cifre.setCursorPosition(1);
+    cifre.paste();
+    QCOMPARE(cifre.text(), QStringLiteral("178923"));
+    QCOMPARE(cifre.cursorPosition(), 4);
+}
+
+void tst_Finestra::chiusura() {
+    ProgrammaDiProva programma;
+    FinestraDiProva finestra;
+    finestra.chiudibile = false;
+    finestra.show();
+    finestra.close();
+    QVERIFY(finestra.isVisible());
+    QTest::keyClick(&finestra, Qt::Key_Escape);
+    QVERIFY(finestra.isVisible());
+    finestra.chiudibile = true;
+    finestra.close();
+    QVERIFY(!finestra.isVisible());
+}
+
+void tst_Finestra::avvisoSiChiudeDaSolo() {
+    QCOMPARE(DurataAvviso, std::chrono::milliseconds(2000));
+    DurataAvviso = std::chrono::milliseconds(1);
+    frmMSG avviso("Manifestazione Creata");
+    QCOMPARE(avviso.exec(), QDialog::Accepted);
+    DurataAvviso = std::chrono::milliseconds(2000);
+}
+
+void tst_Finestra::caricata() {
+    QVERIFY(!FinestraCaricata("frmDiProva"));
+    const FinestraDiProva nascosta;
+    QVERIFY(FinestraCaricata("frmDiProva"));
+    QVERIFY(!FinestraCaricata("FRMDIPROVA"));
+}
+
+void tst_Finestra::errori() {
+    // An archive that fails inside a click becomes a box, and the window goes on.
+    ProgrammaDiProva programma;
+    FinestraDiProva finestra;
+    connect(&finestra.pulsante, &QPushButton::clicked, &finestra, [] { esegui("DELETE FROM Assente"); });
+    finestra.show();
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    QTest::mouseClick(&finestra.pulsante, Qt::LeftButton);
+    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(programma.dialoghi.viste().constFirst().testo.contains("Assente"));
+    QVERIFY(finestra.isVisible());
+}
+
+void tst_Finestra::aiutoMancante() {
+    ProgrammaDiProva programma;
+    impostaFileAiuto(percorsoNelProgramma("vlm help.hlp"));
+    FinestraDiProva finestra;
+    finestra.show();
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    QTest::keyClick(&finestra, Qt::Key_F1);
+    QVERIFY(programma.dialoghi.finite());
+}
+
+PROVA_FINESTRE(tst_Finestra)
+#include "tst_Finestra.moc"
