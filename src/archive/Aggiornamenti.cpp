@@ -72,10 +72,11 @@ QStringList istruzioni(const PassoAggiornamento& passo) {
     for (const Colonna& colonna : tabella.colonne) {
         if (colonna.passo != passo.ordine)
             continue;
-        if (passo.ordine == PassoCambioTipo)
+        if (passo.ordine == PassoCambioTipo) {
             testi << cambiaTipo(nome, colonna);
-        else
+        } else {
             testi << u"ALTER TABLE %1 ADD COLUMN %2"_s.arg(nome, sqlColonna(colonna));
+        }
     }
     for (const Indice& indice : indici()) {
         if (indice.passo == passo.ordine)

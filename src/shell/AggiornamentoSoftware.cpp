@@ -45,10 +45,11 @@ void passaAllAggiornatore(const MezziAggiornamento& mezzi) {
         avverti(TitoloImpossibile, u"Il Programma di Aggiornamento Non Si Può Avviare:\n%1"_s.arg(programma));
         return;
     }
-    if (mezzi.termina)
+    if (mezzi.termina) {
         mezzi.termina();
-    else
+    } else {
         terminaProcesso();
+    }
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QFile::Permissions SoloProprietario = QFile::ReadOwner | QFile::WriteOwner;
-constexpr qint64 Blocco = 1024 * 1024;
+constexpr qint64 Blocco = 1 << 20;
 
 void sincronizza(const QFile& file) {
 #ifdef Q_OS_WIN
@@ -109,10 +109,11 @@ void mettiNuovoAggiornatore(const QString& nuovo) {
     const QString precedente = percorsoNelProgramma(u"VLMUpdater.ex_"_s);
     FileAParte copia(presente, QFile::permissions(nuovo));
     copia.copia(nuovo);
-    if (QFileInfo(presente).isFile())
+    if (QFileInfo(presente).isFile()) {
         copiaIntera(presente, precedente, QFile::permissions(presente));
-    else if (QFileInfo(precedente).isFile() && !QFile::remove(precedente))
+    } else if (QFileInfo(precedente).isFile() && !QFile::remove(precedente)) {
         throw Errore(u"%1 non si può cancellare"_s.arg(precedente));
+    }
     copia.mettiAPosto();
 }
 

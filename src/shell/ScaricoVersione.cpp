@@ -34,9 +34,9 @@ void scrivi(const QString& percorso, const QByteArray& dati) {
 }
 
 // The modal notice keeps every other entry, and the window's own close box, out of reach until the answer.
-class NoticaAttesa final {
+class AvvisoAttesa final {
 public:
-    explicit NoticaAttesa(QWidget* padre)
+    explicit AvvisoAttesa(QWidget* padre)
         : m_finestra(u"Collegamento al Server di Aggiornamento..."_s, QString(), 0, 0, padre,
                      Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
         m_finestra.setObjectName(u"attesaAggiornamento"_s);
@@ -47,8 +47,8 @@ public:
         annulla->setAutoDefault(false);
         m_finestra.setCancelButton(annulla);
     }
-    Q_DISABLE_COPY_MOVE(NoticaAttesa)
-    ~NoticaAttesa() = default;
+    Q_DISABLE_COPY_MOVE(AvvisoAttesa)
+    ~AvvisoAttesa() = default;
 
     // Until the answer is over; false when the operator gave up.
     bool attendi(const QNetworkReply& risposta) {
@@ -69,7 +69,7 @@ QUrl indirizzoVersione() {
 
 EsitoScarico scaricaVersione(const QUrl& indirizzo, const QString& percorso, QWidget* padre) {
     const CursoreAttesa cursore;
-    NoticaAttesa notica(padre);
+    AvvisoAttesa avviso(padre);
     QNetworkAccessManager rete;
     QByteArray dati;
     const std::unique_ptr<QNetworkReply> risposta(rete.get(richiesta(indirizzo)));
@@ -79,8 +79,11 @@ EsitoScarico scaricaVersione(const QUrl& indirizzo, const QString& percorso, QWi
             risposta->abort();
     };
     QObject::connect(risposta.get(), &QNetworkReply::readyRead, risposta.get(), raccogli);
-    QTimer::singleShot(AttesaScarico, risposta.get(), &QNetworkReply::abort);
-    if (!notica.attendi(*risposta))
+    QTimer scadenza;
+    scadenza.setSingleShot(true);
+    QObject::connect(&scadenza, &QTimer::timeout, risposta.get(), &QNetworkReply::abort);
+    scadenza.start(AttesaScarico);
+    if (!avviso.attendi(*risposta))
         return EsitoScarico::Annullato;
     const int stato = risposta->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (risposta->error() != QNetworkReply::NoError || stato != Trovato || dati.size() > MassimoScarico)

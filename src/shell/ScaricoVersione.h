@@ -10,7 +10,7 @@ class QWidget;
 // The network's part of the check for a new version.
 
 inline std::chrono::milliseconds AttesaScarico{20000};  // for the whole answer
-inline constexpr qint64 MassimoScarico = 64 * 1024;     // bytes; a longer answer is none of ours
+inline constexpr qint64 MassimoScarico = 65536;         // bytes; a longer answer is none of ours
 
 QUrl indirizzoVersione();  // on the server that the build names
 
