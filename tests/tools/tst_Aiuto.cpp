@@ -128,6 +128,9 @@ void tst_Aiuto::f1() {
         auto* testo = aperta->findChild<QTextBrowser*>("txtPagina");
         QCOMPARE(testo->source().fileName(), QString(attesa) + ".html");
         QVERIFY(testo->toPlainText().size() > 100);
+        // In the style of the pages, not in the browser's own.
+        const QTextCharFormat titolo = testo->document()->begin().begin().fragment().charFormat();
+        QVERIFY(titolo.foreground().style() != Qt::NoBrush);
         QTest::mouseClick(aperta->findChild<QPushButton*>("cmdIndice"), Qt::LeftButton);
         QCOMPARE(testo->source().fileName(), QStringLiteral("index.html"));
     }
