@@ -6,6 +6,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -53,6 +54,8 @@ void Finestra::preparaCampi() {
             controllo->installEventFilter(this);
         if (auto* pulsante = qobject_cast<QPushButton*>(controllo))
             pulsante->setAutoDefault(false);
+        if (auto* combo = qobject_cast<QComboBox*>(controllo))
+            combo->setFocusPolicy(Qt::StrongFocus);
     }
 }
 
@@ -86,6 +89,13 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
             if (invioComeTab(oggetto, static_cast<QKeyEvent&>(*evento)))
                 return true;
             break;
+        case QEvent::Wheel:
+            // Turned to look further down, it must not change a choice on the way.
+            if (qobject_cast<QComboBox*>(oggetto) && !controllo->hasFocus()) {
+                evento->ignore();
+                return true;
+            }
+            break;
         case QEvent::KeyRelease:
             if (const QString tabella = oggetto->property(Tabella).toString(); !tabella.isEmpty()) {
                 CompletaTesto(qobject_cast<QLineEdit*>(oggetto), tabella,
@@ -104,4 +114,12 @@ void Finestra::keyPressEvent(QKeyEvent* evento) {
         mostraAiuto(this);
     else
         QDialog::keyPressEvent(evento);
+}
+
+void Finestra::closeEvent(QCloseEvent* evento) {
+    // Refused until done: when what a window does on closing throws, it stays with all that was typed.
+    evento->ignore();
+    QDialog::closeEvent(evento);
+    if (!isVisible())
+        evento->accept();
 }
