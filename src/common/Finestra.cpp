@@ -2,6 +2,7 @@
 
 #include "common/Subroutine.h"
 
+#include <algorithm>
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 
 namespace {
 
@@ -33,6 +35,17 @@ bool invioComeTab(QObject* oggetto, const QKeyEvent& tasto) {
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
     QApplication::sendEvent(oggetto, &tab);
     return true;
+}
+
+// A click in the middle of a blank mask would leave its first places out.
+void vaiAlPrimoPosto(QLineEdit* box) {
+    if (box->inputMask().isEmpty())
+        return;
+    QTimer::singleShot(0, box, [box] {
+        const QString testo = box->text();
+        if (std::ranges::none_of(testo, [](QChar c) { return c.isDigit(); }))
+            box->setCursorPosition(0);
+    });
 }
 
 }  // namespace
@@ -80,6 +93,8 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
         case QEvent::FocusIn:
             if (campo(oggetto))
                 EvidenziaCampo(controllo);
+            if (auto* box = qobject_cast<QLineEdit*>(oggetto))
+                vaiAlPrimoPosto(box);
             break;
         case QEvent::FocusOut:
             if (campo(oggetto))

@@ -14,6 +14,7 @@
 namespace {
 
 const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
+const QColor SfondoSelezione(0x00, 0x00, 0x80);  // stands out on the field's blue too
 
 void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
     QPalette colori = campo->palette();
@@ -21,6 +22,8 @@ void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
         colori.setColor(ruolo, sfondo);
     for (const QPalette::ColorRole ruolo : {QPalette::Text, QPalette::ButtonText})
         colori.setColor(ruolo, testo);
+    colori.setColor(QPalette::Highlight, SfondoSelezione);
+    colori.setColor(QPalette::HighlightedText, Qt::white);
     campo->setPalette(colori);
 }
 

@@ -20,13 +20,15 @@ QString leggiControllo(const ColonnaEquipaggio& colonna, const QWidget* controll
 }
 
 void scriviControllo(const ColonnaEquipaggio& colonna, QWidget* controllo, const QString& testo) {
-    if (auto* box = qobject_cast<QLineEdit*>(controllo))
+    if (auto* box = qobject_cast<QLineEdit*>(controllo)) {
         box->setText(testo);
-    else if (auto* spunta = qobject_cast<QCheckBox*>(controllo))
+        box->setCursorPosition(0);  // a long text shows its beginning
+    } else if (auto* spunta = qobject_cast<QCheckBox*>(controllo)) {
         spunta->setChecked(testo.toInt() != 0);
-    else if (auto* combo = qobject_cast<QComboBox*>(controllo))
+    } else if (auto* combo = qobject_cast<QComboBox*>(controllo)) {
         combo->setCurrentIndex(colonna.tipo == TipoDato::Chiave ? combo->findData(testo.toInt())
                                                                 : combo->findText(testo));
+    }
 }
 
 }  // namespace

@@ -97,7 +97,7 @@ QVariant valoreColonna(const ColonnaEquipaggio& colonna, const QString& testo) {
         case TipoDato::Sesso:
             break;
     }
-    return testo;
+    return testo.isNull() ? u""_s : testo;  // a Null string would be stored as Null
 }
 
 Statement& trova(Statement& lettura, int idEqu) {

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -210,6 +211,7 @@ void ModuloEquipaggi::impostaInserimento(bool attivo) {
         controllo->setEnabled(!attivo);
     m_cmdSalva->setEnabled(attivo);
     m_cmdAnnulla->setEnabled(attivo);
+    findChild<QGroupBox*>(u"grpEquipaggio"_s)->setTitle(attivo ? u"Nuovo Equipaggio"_s : u"Equipaggio"_s);
 }
 
 int ModuloEquipaggi::righe() const {

@@ -18,7 +18,7 @@ frmRicercaAnagrafica::frmRicercaAnagrafica(QWidget* padre)
     m_persone = leggiAnagrafica();
     m_ui->lstEqu->setColumnHidden(ColonnaIDEqu, true);
     m_ui->lstEqu->installEventFilter(this);
-    const int larghezze[] = {200, 200, 220, 60};
+    const int larghezze[] = {230, 210, 250, 50};
     for (int colonna = 0; colonna < std::ssize(larghezze); ++colonna)
         m_ui->lstEqu->setColumnWidth(colonna, larghezze[colonna]);
     connect(m_ui->txtRic, &QLineEdit::textChanged, this, &frmRicercaAnagrafica::riempi);
@@ -52,18 +52,19 @@ void frmRicercaAnagrafica::seleziona() {
 }
 
 bool frmRicercaAnagrafica::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto != m_ui->lstEqu)
+        return Finestra::eventFilter(oggetto, evento);
+    if (evento->type() == QEvent::KeyPress) {
+        const int tasto = static_cast<QKeyEvent*>(evento)->key();
+        if (tasto != Qt::Key_Return && tasto != Qt::Key_Enter)
+            return false;
+        seleziona();
+        return true;
+    }
     // Who comes to the list by the keyboard finds its first row chosen: Enter takes it.
-    if (oggetto == m_ui->lstEqu && evento->type() == QEvent::FocusIn &&
+    if (evento->type() == QEvent::FocusIn &&
         static_cast<QFocusEvent*>(evento)->reason() == Qt::TabFocusReason &&
         m_ui->lstEqu->selectedItems().isEmpty())
         m_ui->lstEqu->setCurrentItem(m_ui->lstEqu->topLevelItem(0));
-    return Finestra::eventFilter(oggetto, evento);
-}
-
-void frmRicercaAnagrafica::keyPressEvent(QKeyEvent* evento) {
-    const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-    if (invio && m_ui->lstEqu->hasFocus())
-        seleziona();
-    else
-        Finestra::keyPressEvent(evento);
+    return false;
 }

@@ -20,9 +20,6 @@ public:
 
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
-protected:
-    void keyPressEvent(QKeyEvent* evento) override;
-
 private:
     void riempi();
     void seleziona();
