@@ -251,7 +251,7 @@ bool ModuloEquipaggi::rigaScelta() {
     const int riga = m_lstEq->currentIndex().row();
     // Back on the crew on show until it has been left, also when the archive fails.
     selezionaRiga(m_indice);
-    return vai(riga);
+    return lasciaCampo() && (riga == m_indice || mostraRiga(riga));
 }
 
 void ModuloEquipaggi::ordina(int colonna) {
