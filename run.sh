@@ -12,16 +12,13 @@ cmake --build --preset release --target velmora velmora_aiuto crea_esempio prova
 # lay FOLDER: a program folder with the program as it is now; an archive that is there stays.
 lay() {
   mkdir -p "$1"
-  cp build/release/src/shell/velmora "$1/velmora"
+  cp --remove-destination build/release/src/shell/velmora "$1/velmora"
   cp "build/release/programma/vlm help.hlp" "$1/"
 }
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ "$(uname)" = Linux ]; then
   echo "No display: running the rehearsal on the sample rally. What it prints is in prova/."
-  rm -rf prova
-  lay prova/programma
-  build/release/tools/crea_esempio assets/esempio prova/programma >/dev/null
-  QT_QPA_PLATFORM=offscreen exec build/release/tools/prova prova/programma prova
+  exec scripts/rehearse.sh build/release prova
 fi
 
 if [ "${1:-}" = --esempio ]; then
