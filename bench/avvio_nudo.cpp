@@ -1,17 +1,18 @@
-// A bare Qt window with one line of text, as any window has, up to its first idle moment.
+// A bare Qt window of the main window's size, with one line of text, up to its first painting.
+
+#include "PrimoDisegno.h"
 
 #include <cstdlib>
 #include <QApplication>
 #include <QLabel>
 #include <QMainWindow>
-#include <QTimer>
 
 int main(int argc, char** argv) {
     const QApplication applicazione(argc, argv);
     QMainWindow finestra;
     finestra.setCentralWidget(new QLabel(QStringLiteral("Velmora")));
-    finestra.resize(1100, 640);
+    finestra.resize(1320, 690);
+    new PrimoDisegno(&finestra, [] { std::_Exit(0); });
     finestra.show();
-    QTimer::singleShot(0, qApp, [] { std::_Exit(0); });
     return QApplication::exec();
 }

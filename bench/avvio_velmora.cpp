@@ -1,23 +1,29 @@
-// The program up to its usable main window, in the program folder given; the operator answers the splash at
-// once.
+// The program up to the first painting of its main window, in the program folder given; the operator answers
+// the splash as soon as it has painted.
 
 #include "archive/PercorsoApp.h"
 #include "common/Applicazione.h"
+#include "PrimoDisegno.h"
 #include "shell/Avvio.h"
 
 #include <cstdlib>
 #include <QAbstractButton>
-#include <QDialog>
-#include <QTimer>
 
 namespace {
 
+QWidget* finestra(const char* nome) {
+    const QWidgetList tutte = QApplication::topLevelWidgets();
+    for (QWidget* una : tutte) {
+        if (una->objectName() == QLatin1String(nome))
+            return una;
+    }
+    return nullptr;
+}
+
 void rispondi() {
-    QWidget* finestra = QApplication::activeModalWidget();
-    if (auto* ok = finestra ? finestra->findChild<QAbstractButton*>(QStringLiteral("cmdOK")) : nullptr)
-        ok->click();
-    // The loop comes back here once the main window has painted; what the exit does is not start-up.
-    QTimer::singleShot(0, qApp, [] { std::_Exit(0); });
+    finestra("frmSplash")->findChild<QAbstractButton*>(QStringLiteral("cmdOK"))->click();
+    // What the exit does is not start-up.
+    new PrimoDisegno(finestra("frmMain"), [] { std::_Exit(0); });
 }
 
 }  // namespace
@@ -25,6 +31,6 @@ void rispondi() {
 int main(int argc, char** argv) {
     const Applicazione applicazione(argc, argv);
     PercorsoApp = QString::fromLocal8Bit(argv[1]);
-    QTimer::singleShot(0, qApp, &rispondi);
+    QTimer::singleShot(0, qApp, [] { new PrimoDisegno(finestra("frmSplash"), &rispondi); });
     return avvia();
 }

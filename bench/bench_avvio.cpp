@@ -4,24 +4,39 @@
 
 #include <benchmark/benchmark.h>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 namespace {
 
-void processo(benchmark::State& stato, const char* programma) {
+// On a display where there is one, as the club's own machine has.
+QProcessEnvironment ambiente() {
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    if (ambiente.contains(QStringLiteral("DISPLAY")))
+        ambiente.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    return ambiente;
+}
+
+void misura(benchmark::State& stato, const char* programma) {
     const QTemporaryDir cartella;
+    QProcess processo;
+    processo.setProgram(QString::fromLocal8Bit(programma));
+    processo.setArguments({cartella.path()});
+    processo.setProcessEnvironment(ambiente());
+    processo.setStandardErrorFile(QProcess::nullDevice());
     for ([[maybe_unused]] auto giro : stato) {
-        if (QProcess::execute(QString::fromLocal8Bit(programma), {cartella.path()}) != 0)
+        processo.start();
+        if (!processo.waitForFinished() || processo.exitCode() != 0)
             stato.SkipWithError("the process failed");
     }
 }
 
 void avvioVelmora(benchmark::State& stato) {
-    processo(stato, AVVIO_VELMORA);
+    misura(stato, AVVIO_VELMORA);
 }
 
 void avvioNudo(benchmark::State& stato) {
-    processo(stato, AVVIO_NUDO);
+    misura(stato, AVVIO_NUDO);
 }
 
 // Wall time: the work is another process's.
