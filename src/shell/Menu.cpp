@@ -90,16 +90,11 @@ constexpr VoceMenu Voci[] = {
 };
 
 constexpr const char16_t* NonAncora[] = {
-    u"mnuNuovaManifestazione",
-    u"mnuModificaManifestazione",
-    u"mnuEliminaManifestazione",
-    u"mnuCambiaManifestazione",
     u"mnuTabellaIscrizioni",
     u"mnuTabellaIscrizioniRapida",
     u"mnuModuloIscrizionirapido",
     u"mnuPrezzi",
     u"mnuQuote",
-    u"mnuProveSvolte",
     u"mnuImmManuale",
     u"mnuRXONLINE",
     u"mnuRXOFFLINE",
