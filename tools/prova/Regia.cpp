@@ -77,6 +77,8 @@ void Regia::scegli(frmMain& principale, const QString& voce) {
 void Regia::fotografa(QWidget& finestra, const QString& nome) {
     const QString file =
         u"%1/%2-%3.png"_s.arg(m_cartella).arg(++m_figure, 2, 10, QChar(u'0')).arg(nomeFile(nome));
+    // Texts just changed may have asked for more room.
+    QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     if (!finestra.grab().save(file))
         guasto(u"non si scrive "_s + file);
     racconta(u"  figura: "_s + file);
