@@ -9,10 +9,10 @@
 
 struct Gruppo {
     int id = 0;  // IDGru; 0 while it is not in the archive
-    QString nom;
-    QString fat;    // as typed: the comma is the decimal separator
-    QString daAnn;  // years, or empty
-    QString aAnn;
+    QString nom = {};
+    QString fat = {};    // as typed: the comma is the decimal separator
+    QString daAnn = {};  // years, or empty
+    QString aAnn = {};
 };
 
 // What is being done, and where: the titles of some refusals depend on it.
@@ -42,7 +42,7 @@ void sostituisciConGruppiASI(int idMan, bool assegnazioneAutomatica);
 
 struct Squadra {
     int id = 0;
-    QString nom;
+    QString nom = {};
 };
 
 std::optional<Rifiuto> verificaSquadra(const Squadra& squadra, Operazione operazione);

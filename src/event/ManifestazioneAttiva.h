@@ -7,10 +7,10 @@
 
 struct VoceElencoManifestazioni {
     int id = 0;
-    QString nom;
-    QString loc;
-    QString date;  // first day - last day
-    QString clu;
+    QString nom = {};
+    QString loc = {};
+    QString date = {};  // first day - last day
+    QString clu = {};
 };
 
 QList<VoceElencoManifestazioni> leggiManifestazioni();  // the newest first

@@ -9,12 +9,12 @@
 // test directly before, a CO to the nearest CO before.
 
 struct Prova {
-    int id = 0;   // IDPro; 0 while it is not in the archive
-    QString tip;  // "PA", "PM", "CO"
-    QString nom;
-    QString loc;
-    QString tem;  // imposed time, hh:mm:ss
-    QString dat;  // dd/mm/yyyy, or empty
+    int id = 0;        // IDPro; 0 while it is not in the archive
+    QString tip = {};  // "PA", "PM", "CO"
+    QString nom = {};
+    QString loc = {};
+    QString tem = {};  // imposed time, hh:mm:ss
+    QString dat = {};  // dd/mm/yyyy, or empty
     bool concatenata = false;
 };
 
@@ -39,8 +39,8 @@ void eliminaProva(int idMan, int idPro);
 
 struct ProvaSvolta {
     int id = 0;
-    QString nom;
-    QString dat;
+    QString nom = {};
+    QString dat = {};
     bool svolta = false;
 };
 QList<ProvaSvolta> leggiProveSvolte(int idMan);
