@@ -28,7 +28,7 @@ QString esegui(const SimulatoreTabellone& tabellone, int& gia, Copione::Comando&
     constexpr QLatin1String Testo("testo \"");
     if (comando.nome != "attendi"_L1 || !comando.resto.startsWith(Testo) || !comando.resto.endsWith(u'"'))
         return u"comando sconosciuto: %1 %2"_s.arg(comando.nome, comando.resto);
-    const QString atteso = comando.resto.sliced(Testo.size()).chopped(1);
+    const QString atteso = SimulatoreTabellone::comeAppare(comando.resto.sliced(Testo.size()).chopped(1));
     // What was shown before an earlier text was found does not count again.
     comando.finche = [&tabellone, &gia, atteso, scadenza = QDeadlineTimer(AttesaTesto)] {
         const qsizetype trovato = tabellone.mostrati().indexOf(atteso, gia);

@@ -30,8 +30,7 @@ QString descrizione(QSerialPort::SerialPortError errore) {
             return u"Porta Chiusa"_s;
         case QSerialPort::WriteError:
             return u"Scrittura sulla Porta NON Riuscita"_s;
-        case QSerialPort::ReadError:
-            return u"Lettura dalla Porta NON Riuscita"_s;
+        case QSerialPort::ReadError:  // how some systems report a device that has gone
         case QSerialPort::ResourceError:
             return u"Porta Scollegata"_s;
         case QSerialPort::UnsupportedOperationError:

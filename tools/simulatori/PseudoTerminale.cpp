@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <termios.h>
 #include <unistd.h>
 #include <array>
 #include <cerrno>
@@ -35,6 +36,8 @@ PseudoTerminale::PseudoTerminale(const QString& cartellaProgramma, int numero) {
 
 PseudoTerminale::~PseudoTerminale() {
     stacca();
+    if (QFile::symLinkTarget(m_collegamento) == m_dispositivo)
+        QFile::remove(m_collegamento);
 }
 
 void PseudoTerminale::attacca() {
@@ -64,8 +67,6 @@ void PseudoTerminale::attacca() {
 void PseudoTerminale::stacca() {
     if (!attaccato())
         return;
-    if (QFile::symLinkTarget(m_collegamento) == m_dispositivo)
-        QFile::remove(m_collegamento);
     close(m_padrone);
     m_padrone = -1;
     m_uscita.clear();
@@ -81,6 +82,18 @@ bool PseudoTerminale::aperto() const {
 
 qint64 PseudoTerminale::apertoDa() const {
     return m_apertura.isValid() ? m_apertura.elapsed() : -1;
+}
+
+QString PseudoTerminale::formato() const {
+    termios linea{};
+    if (!attaccato() || tcgetattr(m_padrone, &linea) != 0)
+        return {};
+    const bool piana = (linea.c_cflag & CSIZE) == CS8 && (linea.c_cflag & (PARENB | CSTOPB | CRTSCTS)) == 0 &&
+                       (linea.c_iflag & (IXON | IXOFF)) == 0 && (linea.c_lflag & (ICANON | ECHO)) == 0;
+    const speed_t velocita = cfgetospeed(&linea);
+    if (!piana || (velocita != B9600 && velocita != B19200))
+        return {};
+    return velocita == B9600 ? u"9600 8N1"_s : u"19200 8N1"_s;
 }
 
 void PseudoTerminale::scrivi(const QByteArray& dati) {

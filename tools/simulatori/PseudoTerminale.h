@@ -17,10 +17,12 @@ public:
     [[nodiscard]] bool aperto() const;  // the program holds the port open now
     // Milliseconds for which the port has been open, as far as has been noticed; -1 when it is closed.
     [[nodiscard]] qint64 apertoDa() const;
+    // As the program has set the line: "9600 8N1"; empty when it is not that plain.
+    [[nodiscard]] QString formato() const;
     // What nobody listens to is lost, as on a real line.
     void scrivi(const QByteArray& dati);
 
-    // The adapter pulled out (its device and the link vanish) and put back.
+    // The adapter pulled out (its device vanishes, the link stays) and put back.
     void stacca();
     void attacca();
     [[nodiscard]] bool attaccato() const { return m_padrone >= 0; }

@@ -1,5 +1,7 @@
 #include "simulatori/SimulatoreTabellone.h"
 
+#include "timing/Tabellone.h"
+
 namespace {
 
 constexpr char Inizio = 2;
@@ -23,6 +25,10 @@ QString leggibile(QByteArrayView posizioni) {
 
 SimulatoreTabellone::SimulatoreTabellone(PseudoTerminale& linea) {
     connect(&linea, &PseudoTerminale::arrivati, this, &SimulatoreTabellone::ricevi);
+}
+
+QString SimulatoreTabellone::comeAppare(const QString& testo) {
+    return leggibile(QByteArrayView(frameTabellone(testo)).sliced(PrimaPosizione, Posizioni));
 }
 
 void SimulatoreTabellone::ricevi(const QByteArray& dati) {

@@ -13,6 +13,8 @@ public:
     Q_DISABLE_COPY_MOVE(SimulatoreTabellone)
     ~SimulatoreTabellone() override = default;
 
+    // A text as it looks there: encoded, cut, and filled with blanks.
+    static QString comeAppare(const QString& testo);
     // The six positions as characters, each followed by its point where that is lit: " 12.34 ".
     [[nodiscard]] const QString& mostra() const { return m_mostra; }
     // Everything shown so far, in order, as mostra() gave it.

@@ -70,8 +70,10 @@ void SimulatoreTag::registraRiga(const QByteArray& testo) {
 }
 
 void SimulatoreTag::trasmetti() {
+    QByteArray dati;
     for (const QList<QByteArray>& manche : std::as_const(m_memoria))
-        invia(manche.join().left(m_taglio.value_or(-1)));
+        dati += manche.join();
+    invia(dati.left(m_taglio.value_or(dati.size())));
 }
 
 void SimulatoreTag::spezza(qsizetype byte, int millisecondi) {
@@ -143,5 +145,5 @@ void SimulatoreTag::inviaManche(const QByteArray& manche) {
     const QByteArray dati = frameAccettato() + "TAG CP540\t" + m_serie.toLatin1() + "\r\nMANCHE " +
                             dueCifre(numero) + "\r\n" + m_memoria.value(numero).join() +
                             frameFine(QString::number(m_coda.value_or(numero)));
-    invia(dati.left(m_taglio.value_or(-1)));
+    invia(dati.left(m_taglio.value_or(dati.size())));
 }
