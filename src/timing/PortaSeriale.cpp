@@ -79,13 +79,14 @@ QString dispositivoPorta(int numero) {
 #endif
 }
 
-PortaSeriale::PortaSeriale(Linea linea, QObject* padre) : Porta(padre) {
+PortaSeriale::PortaSeriale(Linea linea, QObject* padre) : Porta(padre), m_linea(linea) {
     m_porta.setBaudRate(static_cast<qint32>(linea));
     m_porta.setDataBits(QSerialPort::Data8);
     m_porta.setParity(QSerialPort::NoParity);
     m_porta.setStopBits(QSerialPort::OneStop);
     m_porta.setFlowControl(QSerialPort::NoFlowControl);
     connect(&m_porta, &QSerialPort::readyRead, this, &PortaSeriale::raccogli);
+    connect(this, &PortaSeriale::novita, this, &PortaSeriale::annuncia, Qt::QueuedConnection);
     connect(&m_porta, &QSerialPort::errorOccurred, this, &PortaSeriale::errore);
 }
 
@@ -151,10 +152,10 @@ bool PortaSeriale::scrivi(const QByteArray& dati) {
 
 void PortaSeriale::raccogli() {
     m_arrivati += m_porta.readAll();
-    if (!m_annunciata) {
-        m_annunciata = true;
-        QMetaObject::invokeMethod(this, &PortaSeriale::annuncia, Qt::QueuedConnection);
-    }
+    if (m_linea == Linea::Tabellone)
+        m_arrivati.clear();  // output only
+    else
+        prenotaAnnuncio();
 }
 
 void PortaSeriale::errore(QSerialPort::SerialPortError errore) {
@@ -167,10 +168,12 @@ void PortaSeriale::errore(QSerialPort::SerialPortError errore) {
     // At once: a line that is gone repeats its error without end.
     m_porta.close();
     m_perduta = true;
-    if (!m_annunciata) {
-        m_annunciata = true;
-        QMetaObject::invokeMethod(this, &PortaSeriale::annuncia, Qt::QueuedConnection);
-    }
+    prenotaAnnuncio();
+}
+
+void PortaSeriale::prenotaAnnuncio() {
+    if (!std::exchange(m_annunciata, true))
+        Q_EMIT novita(QPrivateSignal());
 }
 
 void PortaSeriale::annuncia() {

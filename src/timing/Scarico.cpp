@@ -61,9 +61,10 @@ QList<RecordScarico> leggiRecord(Dispositivo dispositivo, QByteArrayView flusso)
         if (fine == flusso.end())
             return record;
         const QByteArrayView riga(inizio, fine);
-        if (!riga.isEmpty() && riga.front() == formato.segno)
+        if (!riga.isEmpty() && riga.front() == formato.segno) {
             record << RecordScarico{valoreDecimale(riga, formato.numero),
                                     tempoInArchivio(riga, formato.tempo)};
+        }
         inizio = fine + 1;
     }
 }
