@@ -3,6 +3,7 @@
 #include "archive/PercorsoApp.h"
 #include "timing/Dispositivo.h"
 
+#include <cerrno>
 #include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QPointer>
@@ -55,7 +56,11 @@ bool attendiUscita(const QSerialPort& porta) {
             return false;
         QThread::msleep(1);
     }
-    return tcdrain(porta.handle()) == 0;
+    int esito = 0;
+    do {
+        esito = tcdrain(porta.handle());
+    } while (esito != 0 && errno == EINTR);
+    return esito == 0;
 #else
     Q_UNUSED(porta);
     return true;
@@ -152,10 +157,11 @@ bool PortaSeriale::scrivi(const QByteArray& dati) {
 
 void PortaSeriale::raccogli() {
     m_arrivati += m_porta.readAll();
-    if (m_linea == Linea::Tabellone)
+    if (m_linea == Linea::Tabellone) {
         m_arrivati.clear();  // output only
-    else
+    } else {
         prenotaAnnuncio();
+    }
 }
 
 void PortaSeriale::errore(QSerialPort::SerialPortError errore) {

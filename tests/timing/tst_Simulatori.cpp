@@ -269,15 +269,16 @@ void tst_Simulatori::programmaTag() {
 }
 
 void tst_Simulatori::programmaTabellone() {
-    Processo tabellone(SIMULATORE_TABELLONE,
-                       {"--programma", PercorsoApp, "--com", "2",
-                        copione("attendi testo \"PAR  7\"\nattendi testo \"  62.34\"\nfine\n")});
+    Processo tabellone(
+        SIMULATORE_TABELLONE,
+        {"--programma", PercorsoApp, "--com", "2",
+         copione("attendi testo \"PAR  7\"\nattendi testo \"  62.34\"\nattendi chiusura\nfine\n")});
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com2"), Attesa);
     const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Tabellone);
     porta->impostaNumero(2);
-    QVERIFY(AzzeraTabellone(*porta));
-    QVERIFY(InviaTabellone(*porta, tabellonePronto(7)));
-    QVERIFY(InviaTabellone(*porta, tabelloneParziale(6234, "CEN")));
+    QVERIFY2(AzzeraTabellone(*porta), qPrintable(porta->guasto().testo()));
+    QVERIFY2(InviaTabellone(*porta, tabellonePronto(7)), qPrintable(porta->guasto().testo()));
+    QVERIFY2(InviaTabellone(*porta, tabelloneParziale(6234, "CEN")), qPrintable(porta->guasto().testo()));
     QTRY_VERIFY_WITH_TIMEOUT(tabellone.finito(), Attesa);
     QCOMPARE(tabellone.codice(), 0);
     QCOMPARE(tabellone.uscita(), "[      ]\n[PAr  7]\n[  62.34]\n");
