@@ -70,11 +70,13 @@ QList<RecordScarico> leggiRecord(Dispositivo dispositivo, QByteArrayView flusso)
 }
 
 QByteArray frameAccettato() {
-    return conSomma("AK C\t");
+    static const QByteArray frame = conSomma("AK C\t");
+    return frame;
 }
 
 QByteArray frameRifiutato() {
-    return conSomma("AK F\t");
+    static const QByteArray frame = conSomma("AK F\t");
+    return frame;
 }
 
 QByteArray frameFine(const QString& manche) {
