@@ -38,8 +38,9 @@ void scriviPartenza(int idEqu, int idPro) {
 void scriviArrivo(int idEqu, int idPro, int idProssima, const QString& tempo) {
     Transazione transazione;
     esegui(u"UPDATE Rilevamenti SET TArr=? WHERE IDEqu_FK=? AND IDPro_FK=?"_s, {tempo, idEqu, idPro});
-    if (idProssima != 0)
+    if (idProssima != 0) {
         esegui(u"UPDATE Rilevamenti SET TPar=? WHERE IDEqu_FK=? AND IDPro_FK=?"_s,
                {tempo, idEqu, idProssima});
+    }
     transazione.conferma();
 }
