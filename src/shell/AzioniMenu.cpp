@@ -2,6 +2,10 @@
 
 #include "archive/DataBase.h"
 #include "common/Subroutine.h"
+#include "correction/frmGestioneOrariDiPartenza.h"
+#include "correction/frmPenalitaAggiuntive.h"
+#include "correction/frmRipartenza.h"
+#include "correction/frmTempiManuale.h"
 #include "entries/frmModuloIscrizioni.h"
 #include "event/CreazioneManifestazione.h"
 #include "event/frmCambiaManifestazione.h"
@@ -100,6 +104,10 @@ const QHash<QString, AzioneMenu>& azioni() {
         {u"mnuEliminaManifestazione"_s, eliminaManifestazione},
         {u"mnuCambiaManifestazione"_s, cambiaManifestazione},
         {u"mnuProveSvolte"_s, finestra<frmProveSvolte>()},
+        {u"mnuImmManuale"_s, finestra<frmTempiManuale>()},
+        {u"mnuPenalitaAggiuntive"_s, finestra<frmPenalitaAggiuntive>()},
+        {u"mnuOrariDiPartenza"_s, finestra<frmGestioneOrariDiPartenza>()},
+        {u"mnuCreaRipartenza"_s, finestra<frmRipartenza>()},
         {u"mnuModuloIscrizioni"_s, finestra<frmModuloIscrizioni>()},
         {u"mnuClasAssoluta"_s, classifica({.soloSvolte = true})},
         {u"mnuClasASI"_s, classifica({.tipo = 1, .soloSvolte = true})},
