@@ -186,7 +186,7 @@ constexpr Indice Indici[] = {
     {"ProspCoeff_IDEquipaggio", "ProspCoeff", "IDEqu_FK", 6},
     {"Prove_Manifestazione", "Prove", "IDMan_FK"},
     {"Equipaggi_Manifestazione", "Equipaggi", "IDMan_FK"},
-    {"Rilevamenti_Equipaggio", "Rilevamenti", "IDEqu_FK"},
+    {"Rilevamenti_Equipaggio", "Rilevamenti", "IDEqu_FK,IDPro_FK"},
     {"Rilevamenti_Prova", "Rilevamenti", "IDPro_FK"},
     {"Raggruppamenti_Manifestazione", "Raggruppamenti", "IDMan_FK"},
     {"Squadre_Manifestazione", "Squadre", "IDMan_FK"},
@@ -260,5 +260,5 @@ QString sqlCreaTabella(const Tabella& tabella, int primaDelPasso) {
 
 QString sqlCreaIndice(const Indice& indice) {
     return u"CREATE INDEX %1 ON %2 (%3)"_s.arg(QLatin1String(indice.nome), QLatin1String(indice.tabella),
-                                               QLatin1String(indice.colonna));
+                                               QLatin1String(indice.colonne));
 }

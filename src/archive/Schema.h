@@ -26,7 +26,7 @@ struct Tabella {
 struct Indice {
     const char* nome;
     const char* tabella;
-    const char* colonna;
+    const char* colonne;
     int passo = 0;
 };
 

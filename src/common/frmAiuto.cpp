@@ -42,6 +42,10 @@ void frmAiuto::mostraPagina(const QString& finestra) {
     registrato = registrato || QResource::registerResource(fileAiuto);
     if (!registrato)
         throw Errore(u"Il file della guida non si può leggere:\n%1"_s.arg(fileAiuto));
+    // The browser takes no style sheet from a plain link of the page.
+    QFile stile(u":/aiuto/stile.css"_s);
+    if (stile.open(QIODevice::ReadOnly))
+        m_ui->txtPagina->document()->setDefaultStyleSheet(QString::fromUtf8(stile.readAll()));
     const QString trovata = QFile::exists(u':' + pagina(finestra)) ? finestra : u"index"_s;
     m_ui->txtPagina->setSource(QUrl(u"qrc"_s + u':' + pagina(trovata)));
     show();

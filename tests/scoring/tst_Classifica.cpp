@@ -1,0 +1,297 @@
+#include "archive/ErroreArchivio.h"
+#include "scoring/Classifica.h"
+#include "supporto/ProgrammaDiProva.h"
+
+#include <QTest>
+
+namespace {
+
+using Richiesta = RichiestaClassifica;
+
+// The ranked numbers as "Pos:Num=Pen".
+QStringList classifica() {
+    Statement riga("SELECT Pos,Num,Pen FROM Classifica ORDER BY Pos");
+    riga.esegui();
+    QStringList righe;
+    while (riga.prossima())
+        righe << QStringLiteral("%1:%2=%3")
+                     .arg(riga.intero(0))
+                     .arg(riga.intero(1))
+                     .arg(riga.valore(2).toDouble(), 0, 'g', 12);
+    return righe;
+}
+
+QList<int> numeri() {
+    Statement riga("SELECT Num FROM Classifica ORDER BY Pos");
+    riga.esegui();
+    QList<int> lista;
+    while (riga.prossima())
+        lista << riga.intero(0);
+    return lista;
+}
+
+// A crew with one reading whose deviation on the one-minute test is `scarto` hundredths.
+int equipaggio(int num, int pro, int scarto, const QVariantMap& valori = {}) {
+    const int id = nuovoEquipaggio(num, valori);
+    scriviRilevamento(id, pro, "10:00:00:00", QStringLiteral("10:01:00:%1").arg(scarto, 2, 10, QChar('0')));
+    return id;
+}
+
+}  // namespace
+
+class tst_Classifica final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void senzaManifestazione();
+    void ordineEParimerito();
+    void righeScritte();
+    void selezioni_data();
+    void selezioni();
+    void titoli_data();
+    void titoli();
+    void avvisoProveNonSvolte();
+    void giornaliera();
+    void controlloAnni();
+    void esclusioneAutomatica();
+    void erroriNominanoLEquipaggio();
+    void fallimentoNonLasciaMeta();
+};
+
+void tst_Classifica::senzaManifestazione() {
+    ProgrammaDiProva programma;
+    inserisciRiga("Classifica", {{"Num", 1}});
+    for (const int attiva : {0, 77}) {
+        IDMan = attiva;
+        programma.dialoghi.attendiMessaggio("Impossibile Generare la Classsifica",
+                                            "Nessuna Manifestazione Attiva");
+        QVERIFY(!GeneraClassifica({.silenziosa = true}));
+        QVERIFY(programma.dialoghi.finite());
+    }
+    QCOMPARE(contaRighe("Classifica"), 1);
+}
+
+void tst_Classifica::ordineEParimerito() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int pro = nuovaProva();
+    equipaggio(1, pro, 30, {{"Ann", 1970}});
+    equipaggio(2, pro, 30, {{"Ann", 1935}});
+    equipaggio(3, pro, 30, {{"Ann", QVariant()}});
+    equipaggio(4, pro, 5, {{"Ann", 1980}});
+    equipaggio(5, pro, 0, {{"Ann", 1960}, {"Esc", 1}, {"MotEsc", "Ritirato"}});
+    equipaggio(6, pro, 0, {{"Ann", 1930}, {"Esc", 1}});
+    equipaggio(7, pro, 30, {{"Ann", 1970}});
+    const auto esito = GeneraClassifica({.soloSvolte = true});
+    QVERIFY(esito);
+    QCOMPARE(classifica(), (QStringList{"1:4=5", "2:3=30", "3:2=30", "4:1=30", "5:7=30", "6:6=999999999",
+                                        "7:5=999999999"}));
+    QCOMPARE(esito->esclusi, QStringLiteral("Esclusi : N. 5 Ritirato - N. 6 "));
+    QCOMPARE(contaRighe("Classifica", "PenNet IS NULL AND PenAgg IS NULL AND Coeff IS NULL"), 2);
+}
+
+void tst_Classifica::righeScritte() {
+    ProgrammaDiProva programma;
+    const int man = nuovaManifestazione({{"FatAnn", 1}});
+    const int pro = nuovaProva();
+    const int gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", 1.1}});
+    const int equ =
+        nuovoEquipaggio(8, {{"IDGru_FK", gruppo}, {"IDSqu_FK", 3}, {"Cog", "D'ANGELÒ"}, {"Mod", QVariant()}});
+    scriviRilevamento(equ, pro, "10:00:00:00", "10:01:05:00", 30.5);
+    inserisciRiga("Classifica", {{"Num", 99}});  // of the last run
+    QVERIFY(GeneraClassifica({.silenziosa = true}));
+    Statement riga("SELECT Gru,Squ,Num,Con,Vei,Ann,Pen,PenNet,PenAgg,Coeff,Pos,Nav,PenSqu FROM Classifica");
+    QVERIFY(riga.esegui().prossima());
+    const QVariantList attesi{
+        gruppo, 3,          8, "D'ANGELÒ BIANCHI", "LANCIA ", 1955, 500 * (1.55 * 1.1) + 30.5, 500.0,
+        30.5,   1.55 * 1.1, 1};
+    for (int i = 0; i < attesi.size(); ++i)
+        QCOMPARE(riga.valore(i).toString(), attesi.at(i).toString());
+    QVERIFY(riga.nullo(11) && riga.nullo(12));
+    QVERIFY(!riga.prossima());
+}
+
+void tst_Classifica::selezioni_data() {
+    QTest::addColumn<Richiesta>("richiesta");
+    QTest::addColumn<QList<int>>("attesi");
+    QTest::newRow("all") << Richiesta{} << QList<int>{1, 2, 3, 4, 5};
+    QTest::newRow("ASI") << Richiesta{.tipo = 1} << QList<int>{1, 4};
+    QTest::newRow("NON ASI: blank, Null and empty") << Richiesta{.tipo = 2} << QList<int>{2, 3, 5};
+    QTest::newRow("group, whatever the type") << Richiesta{.tipo = 2, .idGru = 1} << QList<int>{1, 3};
+    QTest::newRow("group that is none") << Richiesta{.idGru = 9} << QList<int>{};
+    QTest::newRow("women, before group and type")
+        << Richiesta{.tipo = 1, .idGru = 1, .femminile = true} << QList<int>{2, 5};
+    QTest::newRow("no such type") << Richiesta{.tipo = 3} << QList<int>{};
+}
+
+void tst_Classifica::selezioni() {
+    QFETCH(Richiesta, richiesta);
+    QFETCH(QList<int>, attesi);
+    ProgrammaDiProva programma;
+    const int man = nuovaManifestazione();
+    for (int i = 0; i < 2; ++i)
+        inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", 1}});
+    const int pro = nuovaProva();
+    equipaggio(1, pro, 1, {{"Omo", "123"}, {"IDGru_FK", 1}, {"Ses", "F"}, {"SesNav", "M"}});
+    equipaggio(2, pro, 2, {{"Omo", "  "}, {"IDGru_FK", 2}, {"Ses", "f"}, {"SesNav", "F"}});
+    equipaggio(3, pro, 3, {{"Omo", QVariant()}, {"IDGru_FK", 1}, {"Ses", "F"}, {"SesNav", QVariant()}});
+    equipaggio(4, pro, 4, {{"Omo", " 9"}, {"IDGru_FK", QVariant()}});
+    equipaggio(5, pro, 5, {{"Omo", ""}, {"Ses", "F"}, {"SesNav", "f"}});
+    const auto esito = GeneraClassifica(richiesta);
+    QVERIFY(esito);
+    QCOMPARE(numeri(), attesi);
+    QCOMPARE(esito->titolo.isEmpty(), richiesta.tipo == 3);
+}
+
+void tst_Classifica::titoli_data() {
+    QTest::addColumn<Richiesta>("richiesta");
+    QTest::addColumn<QString>("titolo");
+    const QString giorno("13/6/2026");
+    QTest::newRow("1") << Richiesta{.dat = giorno, .femminile = true} << "CLASSIFICA ASSOLUTA FEMMINILE";
+    QTest::newRow("2") << Richiesta{.dat = giorno} << "CLASSIFICA ASSOLUTA DEL 13/6/2026";
+    QTest::newRow("3") << Richiesta{} << "CLASSIFICA ASSOLUTA";
+    QTest::newRow("4") << Richiesta{.idGru = 1, .dat = giorno}
+                       << "CLASSIFICA RAGGR. : VETTURE È DEL 13/6/2026";
+    QTest::newRow("5") << Richiesta{.idGru = 1} << "CLASSIFICA RAGGRUPPAMENTO : VETTURE È";
+    QTest::newRow("6") << Richiesta{.tipo = 1, .dat = giorno} << "CLASSIFICA ASI DEL 13/6/2026";
+    QTest::newRow("7") << Richiesta{.tipo = 1} << "CLASSIFICA ASI";
+    QTest::newRow("8") << Richiesta{.tipo = 2, .dat = giorno} << "CLASSIFICA NON ASI DEL 13/6/2026";
+    QTest::newRow("9") << Richiesta{.tipo = 2} << "CLASSIFICA NON ASI";
+}
+
+void tst_Classifica::titoli() {
+    QFETCH(Richiesta, richiesta);
+    ProgrammaDiProva programma;
+    const int man = nuovaManifestazione();
+    inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Vetture è"}});
+    QTEST(GeneraClassifica(richiesta)->titolo, "titolo");
+}
+
+void tst_Classifica::avvisoProveNonSvolte() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovaProva({{"Dat", "13/06/2026"}, {"Svo", 1}});
+    nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
+    nuovaProva({{"Dat", "14/06/2026"}, {"Svo", QVariant()}});
+    const auto avvisa = [&](const Richiesta& richiesta, bool atteso) {
+        if (atteso) {
+            programma.dialoghi.attendiMessaggio("Classifica Assoluta Parziale",
+                                                "ATTENZIONE : Alcune Prove NON Sono Ancora State SVOLTE",
+                                                Icona::Informazione);
+        }
+        QVERIFY(GeneraClassifica(richiesta));  // it goes on all the same
+        QVERIFY(programma.dialoghi.finite());
+    };
+    avvisa({}, true);
+    avvisa({.silenziosa = true}, false);
+    avvisa({.dat = "13/06/2026"}, false);
+    avvisa({.tipo = 2, .dat = "14/06/2026"}, true);
+    avvisa({.dat = "14/6/2026"}, false);  // compared as typed
+}
+
+void tst_Classifica::giornaliera() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int prima = nuovaProva({{"Dat", "13/06/2026"}});
+    const int seconda = nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
+    const int equ = nuovoEquipaggio(1);
+    scriviRilevamento(equ, prima, "10:00:00:00", "10:01:00:07");
+    scriviRilevamento(equ, seconda, "10:00:00:00", "10:01:00:09");
+    // All the tests of the day, run or not, whatever is asked.
+    QVERIFY(GeneraClassifica({.dat = "14.6.26", .silenziosa = true, .soloSvolte = true}));
+    QCOMPARE(classifica(), QStringList{"1:1=9"});
+    QVERIFY(GeneraClassifica({.silenziosa = true, .soloSvolte = true}));
+    QCOMPARE(classifica(), QStringList{"1:1=7"});
+    QVERIFY(GeneraClassifica({.silenziosa = true, .soloSvolte = false}));
+    QCOMPARE(classifica(), QStringList{"1:1=16"});
+    QVERIFY_EXCEPTION_THROWN(GeneraClassifica({.dat = "domani", .silenziosa = true}), Errore);
+    QCOMPARE(classifica(), QStringList{"1:1=16"});
+}
+
+void tst_Classifica::controlloAnni() {
+    ProgrammaDiProva programma;  // in 2026
+    nuovaManifestazione({{"FatAnn", 1}});
+    nuovaProva();
+    nuovoEquipaggio(30, {{"Ann", 1850}});
+    nuovoEquipaggio(31, {{"Ann", 2016}});
+    QVERIFY(GeneraClassifica({.silenziosa = true}));
+
+    nuovoEquipaggio(12, {{"Ann", QVariant()}, {"Cog", "VERDI"}, {"CogNav", QVariant()}});
+    nuovoEquipaggio(2, {{"Ann", 1849}});
+    nuovoEquipaggio(5, {{"Ann", 2017}, {"Omo", " "}});
+    const QString inizio(
+        "La Manifestazione Prevede il Calcolo delle\nPenalità con il Coeffciente per Anno, ma gli "
+        "Anni\ndei seguenti Equipaggi sono Mancanti o Incorretti\n\n");
+    const QString due("2 - ROSSI BIANCHI LANCIA APRILIA\n");
+    const QString cinque("5 - ROSSI BIANCHI LANCIA APRILIA\n");
+    const QString dodici("12 - VERDI  LANCIA APRILIA\n");
+    programma.dialoghi.attendiMessaggio("Impossibile Generare la Classifica", inizio + due + cinque + dodici);
+    QVERIFY(!GeneraClassifica({.silenziosa = true}));
+    QVERIFY(programma.dialoghi.finite());
+    QCOMPARE(numeri().size(), 2);  // the last classification stands
+
+    esegui("UPDATE Manifestazioni SET FatNoASI=1");
+    programma.dialoghi.attendiMessaggio("Impossibile Generare la Classifica", inizio + due + dodici);
+    QVERIFY(!GeneraClassifica({.silenziosa = true}));
+    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(GeneraClassifica({.silenziosa = true, .senzaControlloAnni = true}));
+    QCOMPARE(numeri().size(), 5);
+    esegui("UPDATE Manifestazioni SET FatAnn=0");
+    QVERIFY(GeneraClassifica({.silenziosa = true}));
+}
+
+void tst_Classifica::esclusioneAutomatica() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione({{"AutoEsc", 1}});
+    const int pro = nuovaProva({{"Dat", "13/06/2026"}});
+    nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
+    equipaggio(1, pro, 5);
+    const int incompleto = equipaggio(2, pro, 0, {{"Esc", 1}, {"MotEsc", "Ritirato"}});
+    esegui("UPDATE Rilevamenti SET TArr='' WHERE IDEqu_FK=?", {incompleto});
+    // Also for another day than the one of the missing reading, and also of crews that are not asked for.
+    const auto esito = GeneraClassifica({.tipo = 1, .dat = "14/06/2026", .silenziosa = true});
+    QCOMPARE(esito->esclusi, QStringLiteral("Esclusi : N. 2 Rilevamenti Mancanti"));
+    QCOMPARE(contaRighe("Equipaggi", "Num=2 AND Esc=1 AND MotEsc='Rilevamenti Mancanti'"), 1);
+    // Readings completed later do not undo it.
+    scriviRilevamento(incompleto, pro, "10:00:00:00", "10:01:00:00");
+    EscludiSenzaRilevamenti();
+    QCOMPARE(contaRighe("Equipaggi", "Num=2 AND Esc=1"), 1);
+    QCOMPARE(contaRighe("Equipaggi", "Num=1 AND Esc=1"), 0);
+    // A missing row is a damage to be told, never a lasting exclusion.
+    esegui("DELETE FROM Rilevamenti WHERE IDEqu_FK<>?", {incompleto});
+    QVERIFY_EXCEPTION_THROWN(GeneraClassifica({.silenziosa = true}), Errore);
+    QCOMPARE(contaRighe("Equipaggi", "Num=1 AND Esc=1"), 0);
+}
+
+void tst_Classifica::erroriNominanoLEquipaggio() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione({{"PenUniPA", 498}});
+    const int pro = nuovaProva({{"Tem", "00:00:00"}});
+    const int equ = nuovoEquipaggio(3);
+    scriviRilevamento(equ, pro, "00:00:00:00", "12:00:00:00", 40);
+    equipaggio(4, pro, 0, {{"Esc", 1}});
+    const int altro = nuovoEquipaggio(5);
+    scriviRilevamento(altro, pro, "00:00:00:00", "00:00:01:00");
+    programma.dialoghi.attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
+    QVERIFY(GeneraClassifica({}));
+    QVERIFY(programma.dialoghi.finite());
+    QCOMPARE(classifica(), (QStringList{"1:3=40", "2:5=49800", "3:4=999999999"}));
+}
+
+void tst_Classifica::fallimentoNonLasciaMeta() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione({{"AutoEsc", 1}});
+    nuovaProva();
+    nuovoEquipaggio(1);
+    inserisciRiga("Classifica", {{"Num", 42}, {"Pos", 1}});
+    esegui("CREATE TRIGGER guasto BEFORE INSERT ON Classifica BEGIN SELECT raise(ABORT,'guasto'); END");
+    QVERIFY_EXCEPTION_THROWN(GeneraClassifica({.silenziosa = true}), ErroreArchivio);
+    QCOMPARE(numeri(), QList<int>{42});
+    QCOMPARE(contaRighe("Equipaggi", "Esc=1"), 0);
+    esegui("DROP TRIGGER guasto");
+    QVERIFY(GeneraClassifica({.silenziosa = true}));
+    QCOMPARE(numeri(), QList<int>{1});
+}
+
+QTEST_GUILESS_MAIN(tst_Classifica)
+#include "tst_Classifica.moc"

@@ -1,0 +1,392 @@
+#include "archive/ErroreArchivio.h"
+#include "archive/PercorsoApp.h"
+#include "shell/ScaricoVersione.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMainWindow>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+using namespace std::chrono_literals;
+
+class tst_AggiornamentoSoftware final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void lettura_data();
+    void lettura();
+    void confronto_data();
+    void confronto();
+    void scarico_data();
+    void scarico();
+    void portaChiusa();
+    void serverMuto();
+    void annulla();
+    void percorsoNonScrivibile();
+    void nuovaAccettata();
+    void nuovaRifiutata();
+    void nonNecessario_data();
+    void nonNecessario();
+    void fallito();
+    void aggiornatoreAssente();
+    void rispostaNonValida();
+
+private:
+    // A check whose server answers with these bytes as the file's content.
+    MezziAggiornamento mezzi(const QByteArray& file);
+
+    std::unique_ptr<ProgrammaDiProva> m_programma;
+    QStringList m_avviati;
+    int m_terminato = 0;
+};
+
+namespace {
+
+// A server on the loopback that answers every request for `/percorso` with the bytes given for it, then
+// closes; without an answer it keeps silent.
+class ServerDiProva final {
+public:
+    explicit ServerDiProva(QHash<QByteArray, QByteArray> risposte) : m_risposte(std::move(risposte)) {
+        m_server.listen(QHostAddress::LocalHost);
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            QTcpSocket* linea = m_server.nextPendingConnection();
+            QObject::connect(linea, &QTcpSocket::readyRead, linea, [this, linea] { rispondi(linea); });
+        });
+    }
+    explicit ServerDiProva(const QByteArray& risposta)
+        : ServerDiProva(QHash<QByteArray, QByteArray>{{"/v", risposta}}) {}
+
+    [[nodiscard]] QUrl indirizzo() const {
+        return QUrl(QString("http://127.0.0.1:%1/v").arg(m_server.serverPort()));
+    }
+    int richieste = 0;
+
+private:
+    void rispondi(QTcpSocket* linea) {
+        const QByteArray domanda = linea->readAll();
+        ++richieste;
+        const QByteArray risposta = m_risposte.value(domanda.split(' ').value(1));
+        if (risposta.isEmpty())
+            return;
+        linea->write(risposta);
+        linea->disconnectFromHost();
+    }
+
+    QTcpServer m_server;
+    QHash<QByteArray, QByteArray> m_risposte;
+};
+
+QByteArray http(const QByteArray& stato, const QByteArray& corpo, qsizetype lunghezza = -1) {
+    return "HTTP/1.1 " + stato +
+           "\r\nContent-Length: " + QByteArray::number(lunghezza < 0 ? corpo.size() : lunghezza) +
+           "\r\nConnection: close\r\n\r\n" + corpo;
+}
+
+QByteArray rinvio(const QByteArray& dove) {
+    return "HTTP/1.1 302 Found\r\nLocation: " + dove + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+}
+
+const QString Rifiutato = "(refused)";
+
+// Of a server that is gone.
+QUrl indirizzoChiuso() {
+    return ServerDiProva(QByteArray()).indirizzo();
+}
+
+QString fileVersione() {
+    return percorsoNelProgramma("vlmver.txt");
+}
+
+QByteArray contenuto(const QString& percorso) {
+    QFile file(percorso);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+void scrivi(const QString& percorso, const QByteArray& dati) {
+    QFile file(percorso);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(dati), dati.size());
+}
+
+QByteArray remota(int maggiore, int minore, int revisione) {
+    const Versione locale = versioneProgramma();
+    return QString("%1\r\n%2\r\n%3\r\n")
+        .arg(locale[0] + maggiore)
+        .arg(locale[1] + minore)
+        .arg(locale[2] + revisione)
+        .toUtf8();
+}
+
+}  // namespace
+
+void tst_AggiornamentoSoftware::init() {
+    m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno);
+    m_avviati.clear();
+    m_terminato = 0;
+    AttesaScarico = 10s;
+}
+
+void tst_AggiornamentoSoftware::cleanup() {
+    QVERIFY(m_programma->dialoghi.finite());
+    QCOMPARE(QApplication::overrideCursor(), nullptr);
+    m_programma.reset();
+}
+
+MezziAggiornamento tst_AggiornamentoSoftware::mezzi(const QByteArray& file) {
+    MezziAggiornamento mezzi;
+    mezzi.scarica = [file](const QString& percorso) {
+        const ServerDiProva server(http("200 OK", file));
+        return scaricaVersione(server.indirizzo(), percorso);
+    };
+    mezzi.avvia = [this](const QString& programma) {
+        m_avviati << programma;
+        return true;
+    };
+    mezzi.termina = [this] { ++m_terminato; };
+    return mezzi;
+}
+
+void tst_AggiornamentoSoftware::lettura_data() {
+    QTest::addColumn<QByteArray>("dati");
+    QTest::addColumn<QString>("versione");
+    QTest::newRow("three lines") << QByteArray("2\n6\n1\n") << "2.6.1";
+    QTest::newRow("no last line end") << QByteArray("2\r\n6\r\n15") << "2.6.15";
+    QTest::newRow("blanks") << QByteArray(" 2 \n\t6\n1 \n") << "2.6.1";
+    QTest::newRow("words") << QByteArray("due\n6\nbeta1\n") << "0.6.0";
+    QTest::newRow("digits, then words") << QByteArray("2a\n6.1\n0x10\n") << "0.0.0";
+    QTest::newRow("too large") << QByteArray("99999999999\n1\n1\n") << "0.1.1";
+    QTest::newRow("two lines") << QByteArray("3\n1\n") << "3.1.0";
+    QTest::newRow("empty lines") << QByteArray("\n\n7") << "0.0.7";
+    QTest::newRow("empty") << QByteArray() << "0.0.0";
+    QTest::newRow("four numbers") << QByteArray("1\n2\n3\n4\n") << Rifiutato;
+    QTest::newRow("an empty fourth") << QByteArray("1\n2\n3\n\n") << Rifiutato;
+    QTest::newRow("a page") << QByteArray("<html>\n<body>\n<p>Accesso</p>\n</body>\n</html>\n") << Rifiutato;
+    QTest::newRow("bytes") << QByteArray("\0\xff\xfe\n\x01", 5) << "0.0.0";
+}
+
+void tst_AggiornamentoSoftware::lettura() {
+    QFETCH(QByteArray, dati);
+    scrivi(fileVersione(), dati);
+    try {
+        QTEST(testoVersione(leggiVersione(fileVersione())), "versione");
+    } catch (const Errore& errore) {
+        QVERIFY2(errore.testo().contains("più di tre righe"), qPrintable(errore.testo()));
+        QTEST(Rifiutato, "versione");
+    }
+}
+
+void tst_AggiornamentoSoftware::confronto_data() {
+    QTest::addColumn<Versione>("remota");
+    QTest::addColumn<Versione>("locale");
+    QTest::addColumn<bool>("nuova");
+    QTest::newRow("same") << Versione{2, 6, 1} << Versione{2, 6, 1} << false;
+    QTest::newRow("revision") << Versione{2, 6, 2} << Versione{2, 6, 1} << true;
+    QTest::newRow("minor") << Versione{2, 7, 0} << Versione{2, 6, 1} << true;
+    QTest::newRow("major") << Versione{3, 0, 0} << Versione{2, 6, 1} << true;
+    QTest::newRow("all smaller") << Versione{1, 5, 0} << Versione{2, 6, 1} << false;
+    QTest::newRow("greater minor does not stop") << Versione{2, 6, 1} << Versione{2, 7, 0} << true;
+    QTest::newRow("greater major does not stop") << Versione{1, 7, 0} << Versione{2, 6, 0} << true;
+    QTest::newRow("not as text") << Versione{2, 10, 0} << Versione{2, 9, 0} << true;
+    QTest::newRow("zeros") << Versione{0, 0, 0} << Versione{0, 0, 0} << false;
+}
+
+void tst_AggiornamentoSoftware::confronto() {
+    QFETCH(Versione, remota);
+    QFETCH(Versione, locale);
+    QTEST(versioneNuova(remota, locale), "nuova");
+}
+
+void tst_AggiornamentoSoftware::scarico_data() {
+    using Risposte = QHash<QByteArray, QByteArray>;
+    QTest::addColumn<Risposte>("risposte");
+    QTest::addColumn<QByteArray>("file");  // "(none)" when the download must fail
+    const QByteArray niente = "(none)";
+    const QByteArray buono = "2\r\n6\r\n1\r\n";
+    QTest::newRow("whole") << Risposte{{"/v", http("200 OK", buono)}} << buono;
+    QTest::newRow("empty file") << Risposte{{"/v", http("200 OK", "")}} << QByteArray();
+    QTest::newRow("sent elsewhere") << Risposte{{"/v", rinvio("/altrove")},
+                                                {"/altrove", http("200 OK", buono)}}
+                                    << buono;
+    QTest::newRow("sent round and round") << Risposte{{"/v", rinvio("/v")}} << niente;
+    QTest::newRow("404") << Risposte{{"/v", http("404 Not Found", buono)}} << niente;
+    QTest::newRow("500") << Risposte{{"/v", http("500 Internal Server Error", buono)}} << niente;
+    QTest::newRow("204") << Risposte{{"/v", "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n"}}
+                         << niente;
+    QTest::newRow("closes in the middle") << Risposte{{"/v", http("200 OK", "2\r\n6", 9)}} << niente;
+    QTest::newRow("closes after the head") << Risposte{{"/v", http("200 OK", "", 9)}} << niente;
+    QTest::newRow("not HTTP") << Risposte{{"/v", "220 posta.example ESMTP\r\n"}} << niente;
+    QTest::newRow("at the limit") << Risposte{{"/v", http("200 OK", QByteArray(MassimoScarico, '1'))}}
+                                  << QByteArray(MassimoScarico, '1');
+    QTest::newRow("one byte too long")
+        << Risposte{{"/v", http("200 OK", QByteArray(MassimoScarico + 1, '1'))}} << niente;
+    QTest::newRow("endless") << Risposte{{"/v", "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(8'000'000, '1')}}
+                             << niente;
+}
+
+void tst_AggiornamentoSoftware::scarico() {
+    using Risposte = QHash<QByteArray, QByteArray>;
+    QFETCH(Risposte, risposte);
+    QFETCH(QByteArray, file);
+    const ServerDiProva server(risposte);
+    const EsitoScarico esito = scaricaVersione(server.indirizzo(), fileVersione());
+    QCOMPARE(esito, file == "(none)" ? EsitoScarico::Fallito : EsitoScarico::Riuscito);
+    QCOMPARE(contenuto(fileVersione()), file);
+    QVERIFY(QDir(PercorsoApp).entryList(QDir::Files | QDir::Hidden).size() <= 1);
+    QVERIFY(server.richieste >= 1 && server.richieste <= 5);
+}
+
+void tst_AggiornamentoSoftware::portaChiusa() {
+    QCOMPARE(scaricaVersione(indirizzoChiuso(), fileVersione()), EsitoScarico::Fallito);
+    QVERIFY(!QFile::exists(fileVersione()));
+    QCOMPARE(scaricaVersione(QUrl(QString("http://")), fileVersione()), EsitoScarico::Fallito);
+    QCOMPARE(scaricaVersione(QUrl(), fileVersione()), EsitoScarico::Fallito);
+}
+
+void tst_AggiornamentoSoftware::serverMuto() {
+    // The server never answers: events go on, the main window is out of reach, and the wait has an end.
+    const ServerDiProva server((QByteArray()));
+    QMainWindow principale;
+    principale.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&principale));
+    AttesaScarico = 400ms;
+    int battiti = 0;
+    bool raggiungibile = false;
+    QTimer orologio;
+    connect(&orologio, &QTimer::timeout, &principale, [&] {
+        ++battiti;
+        principale.close();
+        raggiungibile = raggiungibile || QApplication::activeModalWidget() == nullptr ||
+                        QApplication::overrideCursor() == nullptr;
+    });
+    orologio.start(20ms);
+    QCOMPARE(scaricaVersione(server.indirizzo(), fileVersione(), &principale), EsitoScarico::Fallito);
+    QVERIFY(battiti > 3);
+    QVERIFY(!raggiungibile);
+    QCOMPARE(server.richieste, 1);
+    QCOMPARE(QApplication::activeModalWidget(), nullptr);
+}
+
+void tst_AggiornamentoSoftware::annulla() {
+    const ServerDiProva server((QByteArray()));
+    for (const bool conTasto : {false, true}) {
+        QTimer attesa;
+        connect(&attesa, &QTimer::timeout, &attesa, [conTasto] {
+            auto* avviso = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            if (!avviso || !avviso->isActiveWindow())
+                return;
+            if (conTasto)
+                QTest::keyClick(avviso, Qt::Key_Escape);
+            else
+                QTest::mouseClick(avviso->findChild<QPushButton*>(), Qt::LeftButton);
+        });
+        attesa.start(20ms);
+        MezziAggiornamento mezzi;
+        mezzi.scarica = [&](const QString& percorso) {
+            return scaricaVersione(server.indirizzo(), percorso);
+        };
+        scrivi(fileVersione(), "di prima");
+        aggiornaSoftware(mezzi);  // no box
+        QVERIFY(!QFile::exists(fileVersione()));
+    }
+}
+
+void tst_AggiornamentoSoftware::percorsoNonScrivibile() {
+    const ServerDiProva server(http("200 OK", "1\n0\n0\n"));
+    QVERIFY_EXCEPTION_THROWN(scaricaVersione(server.indirizzo(), percorsoNelProgramma("assente/vlmver.txt")),
+                             Errore);
+    QVERIFY(QDir(PercorsoApp).mkdir("vlmver.txt"));
+    QVERIFY_EXCEPTION_THROWN(aggiornaSoftware(mezzi("1\n0\n0\n")), Errore);
+}
+
+void tst_AggiornamentoSoftware::nuovaAccettata() {
+    scrivi(fileVersione(), "di prima");
+    m_programma->dialoghi.attendiDomanda(
+        "Nuova Versione Disponibile",
+        QString("E' Disponibile l'Aggiornamento alla Versione %1\n"
+                "La Versione Attualmente Utilizzata è la %2\n"
+                "Si Desidera Scaricare ed Installare la Nuova Versione ?")
+            .arg(QString(remota(0, 1, 0)).trimmed().replace("\r\n", "."), VELMORA_VERSIONE),
+        true);
+    aggiornaSoftware(mezzi(remota(0, 1, 0)));
+    QCOMPARE(m_avviati, QStringList{percorsoNelProgramma("VLMUpdater.exe")});
+    QCOMPARE(m_terminato, 1);
+    QCOMPARE(contenuto(fileVersione()), remota(0, 1, 0));
+}
+
+void tst_AggiornamentoSoftware::nuovaRifiutata() {
+    m_programma->dialoghi.attendiDomanda("Nuova Versione Disponibile", QString(), false);
+    aggiornaSoftware(mezzi(remota(0, 0, 1)));
+    QVERIFY(m_avviati.isEmpty());
+    QCOMPARE(m_terminato, 0);
+}
+
+void tst_AggiornamentoSoftware::nonNecessario_data() {
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("same") << remota(0, 0, 0);
+    QTest::newRow("older") << remota(-1, 0, 0);
+    QTest::newRow("rubbish") << QByteArray("che\nvuoi\nda me");
+    QTest::newRow("empty") << QByteArray();
+}
+
+void tst_AggiornamentoSoftware::nonNecessario() {
+    QFETCH(QByteArray, file);
+    m_programma->dialoghi.attendiMessaggio("Aggiornamento non Necessario",
+                                           "Il Software è Già Aggiornato all'Ultima Versione Disponibile",
+                                           Icona::Informazione);
+    aggiornaSoftware(mezzi(file));
+    QVERIFY(m_avviati.isEmpty());
+}
+
+void tst_AggiornamentoSoftware::fallito() {
+    scrivi(fileVersione(), "di prima");
+    const QUrl chiusa = indirizzoChiuso();
+    MezziAggiornamento senzaRete = mezzi({});
+    senzaRete.scarica = [&](const QString& percorso) { return scaricaVersione(chiusa, percorso); };
+    m_programma->dialoghi.attendiMessaggio(
+        "Impossibile Effettuare l'Aggiornamento",
+        "La Connessione ad Internet Potrebbe Essere non Disponibile\n"
+        "Oppure il Server di Aggiornamento è Momentaneamente Irraggiungibile");
+    aggiornaSoftware(senzaRete);
+    QVERIFY(!QFile::exists(fileVersione()));
+    QCOMPARE(m_terminato, 0);
+}
+
+void tst_AggiornamentoSoftware::aggiornatoreAssente() {
+    MezziAggiornamento veri = mezzi(remota(1, 0, 0));
+    veri.avvia = nullptr;  // the real start, of a program that is not there
+    m_programma->dialoghi.attendiDomanda("Nuova Versione Disponibile", QString(), true);
+    m_programma->dialoghi.attendiMessaggio(
+        "Impossibile Effettuare l'Aggiornamento",
+        "Il Programma di Aggiornamento Non Si Può Avviare:\n" + percorsoNelProgramma("VLMUpdater.exe"));
+    aggiornaSoftware(veri);
+    QCOMPARE(m_terminato, 0);
+
+    const QString traccia = percorsoNelProgramma("avviato");
+    scrivi(percorsoNelProgramma("VLMUpdater.exe"),
+           "#!/bin/sh\npwd > avviato.tmp && mv avviato.tmp avviato\n");
+    QVERIFY(
+        QFile::setPermissions(percorsoNelProgramma("VLMUpdater.exe"), QFile::ReadOwner | QFile::ExeOwner));
+    m_programma->dialoghi.attendiDomanda("Nuova Versione Disponibile", QString(), true);
+    aggiornaSoftware(veri);
+    QCOMPARE(m_terminato, 1);
+    QTRY_VERIFY(QFile::exists(traccia));
+    QCOMPARE(contenuto(traccia).trimmed(), QFileInfo(PercorsoApp).canonicalFilePath().toUtf8());
+}
+
+void tst_AggiornamentoSoftware::rispostaNonValida() {
+    QVERIFY_EXCEPTION_THROWN(aggiornaSoftware(mezzi("9\n9\n9\n9\n")), Errore);
+    QVERIFY(m_avviati.isEmpty());
+    QCOMPARE(indirizzoVersione().path(), QString("/software/vlm/update/vlmver.txt"));
+}
+
+PROVA_FINESTRE(tst_AggiornamentoSoftware)
+#include "tst_AggiornamentoSoftware.moc"
