@@ -17,6 +17,8 @@ while IFS=: read -r file _ include; do
   [ "$room" = "$other" ] && continue
   [ "${floor[$other]}" -lt "${floor[$room]}" ] && continue
   case $room in scoring | entries | correction) [[ $target =~ $entry_points ]] && continue ;; esac
+  # Windows of the timing room score with the engine and open those of correction.
+  [[ $file =~ ^timing/(frm|Finestra) ]] && [[ $other =~ ^(scoring|correction)$ ]] && continue
   echo "$file includes $target: not a lower floor"
   failed=1
 done < <(grep -rnE '^#include "' --include='*.h' --include='*.cpp' .  | sed 's|^\./||')

@@ -30,6 +30,12 @@ void riversa(const QString& colonna) {
 
 }  // namespace
 
+QString RecordScartato::testo() const {
+    if (motivo == Motivo::TroppiTempi)
+        return u"Troppi Tempi"_s;
+    return record.numero == 0 ? u"Senza Numero"_s : u"Equipaggio NON Iscritto"_s;
+}
+
 QList<EquipaggioCronometrato> leggiEquipaggi(int idMan) {
     Statement query(
         u"SELECT IDEqu,Num,coalesce(Cog,'')||' '||coalesce(CogNav,''),coalesce(Mar,'')||' '||"

@@ -35,6 +35,8 @@ struct RecordScartato {
     enum class Motivo { SenzaEquipaggio, TroppiTempi };
     RecordScarico record;  // with the number that counted for it
     Motivo motivo = Motivo::SenzaEquipaggio;
+
+    [[nodiscard]] QString testo() const;  // the reason, in the words of the error search
 };
 
 struct EsitoAssegnazione {

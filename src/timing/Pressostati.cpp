@@ -45,7 +45,7 @@ QString Bersaglio::tipo() const {
     return testo.mid(LunghezzaPrefisso, 2);
 }
 
-QList<ProvaCronometrata> leggiProve(int idMan) {
+QList<ProvaCronometrata> leggiProveCronometrate(int idMan) {
     Statement query(u"SELECT IDPro,Tip,Nom,Tem,ConA FROM Prove WHERE IDMan_FK=? ORDER BY IDPro"_s);
     query.esegui({idMan});
     QList<ProvaCronometrata> prove;
