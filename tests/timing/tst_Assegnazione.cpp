@@ -389,8 +389,8 @@ void tst_Assegnazione::ricercaNellArchivio() {
     // A crew that is not entered takes the class of each target's kind.
     const EsitoRicerca esito =
         ricercaErrori(leggi("9@10:00:01:00 1@10:00:02:00 1@10:00:03:00 @10:00:04:00 4@10:00:05:00"),
-                      leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1), false, taglio,
-                      [](const QString& tipo) { return tipo == "PM"; });
+                      leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1),
+                      false, taglio, [](const QString& tipo) { return tipo == "PM"; });
     for (int volta = 0; volta < 2; ++volta)  // the second replaces the first
         scriviRicerca(esito);
 
