@@ -25,13 +25,18 @@ public:
             disposizione->addWidget(controllo);
         completaDa(&primo, "Equipaggi", "Mar");
     }
-    bool puoChiudere() override { return chiudibile; }
+    bool puoChiudere() override {
+        if (guasta)
+            esegui("DELETE FROM Assente");
+        return chiudibile;
+    }
 
     QLineEdit primo, ultimo;
     QComboBox combo;
     QCheckBox spunta;
     QPushButton pulsante;
     bool chiudibile = true;
+    bool guasta = false;
 };
 
 }  // namespace
@@ -76,6 +81,8 @@ void tst_Finestra::completaMentreSiScrive() {
     QTest::keyClicks(&finestra.primo, "la");
     QCOMPARE(finestra.primo.text(), QStringLiteral("LANCIA"));
     QCOMPARE(finestra.primo.selectedText(), QStringLiteral("NCIA"));
+    QTest::keyRelease(&finestra.primo, Qt::Key_Shift);  // let go after the letter
+    QCOMPARE(finestra.primo.selectedText(), QStringLiteral("NCIA"));
     QTest::keyClick(&finestra.primo, Qt::Key_Delete);
     QCOMPARE(finestra.primo.text(), QStringLiteral("LA"));
     QTest::keyClicks(&finestra.primo, "x");
@@ -95,6 +102,11 @@ void tst_Finestra::filtriSuIncolla() {
     cifre.paste();
     QCOMPARE(cifre.text(), QStringLiteral("178923"));
     QCOMPARE(cifre.cursorPosition(), 4);
+    // What the program shows is not touched until someone types in it.
+    cifre.setText("D-80331");
+    QCOMPARE(cifre.text(), QStringLiteral("D-80331"));
+    QTest::keyClicks(&cifre, "x5");
+    QCOMPARE(cifre.text(), QStringLiteral("803315"));
 }
 
 void tst_Finestra::chiusura() {
@@ -107,6 +119,12 @@ void tst_Finestra::chiusura() {
     QTest::keyClick(&finestra, Qt::Key_Escape);
     QVERIFY(finestra.isVisible());
     finestra.chiudibile = true;
+    finestra.guasta = true;
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    finestra.close();
+    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(finestra.isVisible());
+    finestra.guasta = false;
     finestra.close();
     QVERIFY(!finestra.isVisible());
 }
