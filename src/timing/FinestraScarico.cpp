@@ -143,7 +143,8 @@ void FinestraScarico::processa(const QByteArray& flusso) {
 }
 
 bool FinestraScarico::puoChiudere() {
-    m_scaricamento.ferma();
+    if (m_controlli.cmdArrestaRicezione->isEnabled())
+        arresta();
     scriviImpostazioni();
     return true;
 }

@@ -41,13 +41,14 @@ PannelloStato::PannelloStato(QWidget* padre)
     disposizione->addWidget(m_lblStatus);
     disposizione->addWidget(m_lblInfo);
 
-    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
     politica.setRetainSizeWhenHidden(true);
     setSizePolicy(politica);
     hide();
 }
 
 void PannelloStato::mostra(const QStringList& righe, Tono tono) {
+    m_lblInfo->setText(m_info);
     const QString testo = righe.join(u'\n');
     const QColor colore = sfondo(tono);
     // A download at full speed tells the same over and over.
@@ -63,15 +64,17 @@ void PannelloStato::mostra(const QStringList& righe, Tono tono) {
 }
 
 void PannelloStato::informa(const QString& testo) {
-    m_lblInfo->setText(testo);
+    m_info = testo;
     if (m_dipinto.isValid() && m_dipinto.elapsed() < PausaInformazioni)
         return;
     m_dipinto.start();
+    m_lblInfo->setText(m_info);
     repaint();
 }
 
 void PannelloStato::azzera() {
     hide();
+    m_info.clear();
     m_lblStatus->clear();
     m_lblInfo->clear();
 }

@@ -16,11 +16,12 @@ public:
     explicit PannelloStato(QWidget* padre = nullptr);
 
     void mostra(const QStringList& righe, Tono tono);  // painted at once
-    void informa(const QString& testo);                // painted a few times a second
+    void informa(const QString& testo);                // a few times a second; the last one by mostra()
     void azzera();                                     // hides it
 
 private:
     QLabel* m_lblStatus;
     QLabel* m_lblInfo;
+    QString m_info;
     QElapsedTimer m_dipinto;
 };

@@ -31,6 +31,7 @@ RecordScartato scartato(const TempoScartato& tempo) {
 frmRicezioneOFFLINE::frmRicezioneOFFLINE(QWidget* padre)
     : FinestraPressostati(Azzera::AncheErrori, padre), m_ui(std::make_unique<Ui::frmRicezioneOFFLINE>()) {
     m_ui->setupUi(this);
+    m_ui->divisore->setSizes({690, 610});
     collega({m_ui->cboChrono, m_ui->cboPortaCOM, m_ui->cmdIniziaRicezione, m_ui->cmdArrestaRicezione,
              m_ui->frmStatus},
             {m_ui->lstPre, m_ui->chkNumero, m_ui->grTempi, m_ui->grScartati, m_ui->cmdSalva, m_ui->cmdEsci});

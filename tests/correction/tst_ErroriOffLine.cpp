@@ -1,3 +1,4 @@
+#include "archive/ErroreArchivio.h"
 #include "correction/frmCorrezioneOffLine.h"
 #include "correction/frmErroriTempiOffLine.h"
 #include "correction/GrigliaRilevamenti.h"

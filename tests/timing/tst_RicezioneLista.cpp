@@ -69,6 +69,7 @@ void tst_RicezioneLista::orariDiPartenza() {
                                       {33, QTime(10, 2)},
                                       {7, QTime(10, 3, 8)}})
         tag.registra(numero, ora);
+    tag.spezza(5, 1);
     frmGestioneOrariDiPartenza finestra;
     finestra.show();
     finestra.findChild<ElencoOrari*>("lstOrari")->mostra({{1, "08:00:00.00", m_gara->equipaggi[0]}});
@@ -131,6 +132,7 @@ void tst_RicezioneLista::ripartenza() {
 
 // A download that does not come to its end leaves the list as it was.
 void tst_RicezioneLista::fermata() {
+    AtteseLinea.silenzioCP520 = 60000;
     SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
     frmGestioneOrariDiPartenza finestra;
     finestra.show();
