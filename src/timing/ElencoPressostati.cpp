@@ -1,5 +1,6 @@
 #include "timing/ElencoPressostati.h"
 
+#include <algorithm>
 #include <QHeaderView>
 
 using namespace Qt::StringLiterals;
@@ -35,7 +36,9 @@ ElencoPressostati::ElencoPressostati(QWidget* padre) : QTreeWidget(padre) {
 void ElencoPressostati::mostra(const QList<Pressostato>& pressostati) {
     clear();
     QList<QTreeWidgetItem*> righe;
+    qsizetype massimo = 1;
     for (const Pressostato& pressostato : pressostati) {
+        massimo = std::max(massimo, pressostato.size());
         auto* riga = new QTreeWidgetItem;
         riga->setCheckState(0, Qt::Unchecked);
         for (int i = 0; i < pressostato.size(); ++i) {
@@ -45,6 +48,8 @@ void ElencoPressostati::mostra(const QList<Pressostato>& pressostati) {
         righe << riga;
     }
     addTopLevelItems(righe);
+    for (int bersaglio = 1; bersaglio < Bersagli; ++bersaglio)
+        setColumnHidden(colonnaTesto(bersaglio), bersaglio >= massimo);
     if (!righe.isEmpty())
         setCurrentItem(righe.first());
 }

@@ -53,6 +53,24 @@ struct Gara {
     static int rilevamentiScritti() { return contaRighe("Rilevamenti", "TPar<>'' OR TArr<>''"); }
 };
 
+// What `lblStatus` has shown, in order, as it was painted.
+class StatiMostrati final : public QObject {
+public:
+    explicit StatiMostrati(QLabel* etichetta) : m_etichetta(etichetta) {
+        etichetta->installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*oggetto*/, QEvent* evento) override {
+        const QString testo = m_etichetta->text();
+        if (evento->type() == QEvent::Paint && (stati.isEmpty() || stati.last() != testo))
+            stati << testo;
+        return false;
+    }
+    QStringList stati;
+
+private:
+    QLabel* m_etichetta;
+};
+
 // A download window and what a test does with its controls.
 template <typename Finestra>
 class BancoScarico final {

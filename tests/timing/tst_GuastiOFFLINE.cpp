@@ -23,6 +23,7 @@ private Q_SLOTS:
     void chiusaInRicezione();
     void altroDispositivo_data();
     void altroDispositivo();
+    void archivioGuasto();
     void raffica_data();
     void raffica();
 
@@ -291,6 +292,23 @@ void tst_GuastiOFFLINE::altroDispositivo() {
         QTRY_VERIFY(m_banco->ferma());
         QVERIFY(dialoghi().finite());
     }
+    ricominciabile();
+}
+
+// The archive refuses the times in the middle of the processing.
+void tst_GuastiOFFLINE::archivioGuasto() {
+    avvia(Dispositivo::CP520);
+    esegui(
+        "CREATE TRIGGER guasto BEFORE INSERT ON TempRil WHEN NEW.Num=2 "
+        "BEGIN SELECT RAISE(ABORT,'disco guasto'); END");
+    dialoghi().attendiMessaggio({}, {}, Icona::Stop);
+    m_banco->premi("cmdIniziaRicezione");
+    m_tag->trasmetti();
+    QTRY_VERIFY(m_banco->ferma());
+    QVERIFY(dialoghi().viste().last().testo.contains("disco guasto"));
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(contaRighe("TempRil"), 0);
+    esegui("DROP TRIGGER guasto");
     ricominciabile();
 }
 

@@ -74,23 +74,26 @@ void tst_RicezioneLista::orariDiPartenza() {
     finestra.show();
     finestra.findChild<ElencoOrari*>("lstOrari")->mostra({{1, "08:00:00.00", m_gara->equipaggi[0]}});
     ricevi(finestra, [&](frmRicezioneLista& lista) {
-        const auto stato = [&] { return lista.findChild<QLabel*>("lblStatus")->text(); };
+        const StatiMostrati mostrati(lista.findChild<QLabel*>("lblStatus"));
+        const bool cp520 = dispositivo == Dispositivo::CP520;
         auto* inizia = lista.findChild<QPushButton*>("cmdIniziaRicezione");
         lista.findChild<QComboBox*>("cboPortaCOM")->setCurrentText("COM 2");
         lista.findChild<QComboBox*>("cboChrono")->setCurrentText(nomeDispositivo(dispositivo));
-        if (dispositivo == Dispositivo::CP540)
+        if (!cp520)
             dialoghi().attendiChiedi("Inserimento Numero della Manche da Scaricare",
                                      "Numero della Manche da Scaricare", "1");
         attendiFine();
         QTest::mouseClick(inizia, Qt::LeftButton);
-        if (dispositivo == Dispositivo::CP520) {
-            QCOMPARE(stato(), "ATTESA DATI\nDA TAG CP 520");
+        if (cp520)
             tag.trasmetti();
-        } else {
-            QTRY_COMPARE(stato(), "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 04711");
-        }
         QTRY_VERIFY(inizia->isEnabled());
-        QCOMPARE(stato(), "ELABORAZIONE\nTERMINATA");
+        QStringList attesi{cp520 ? "ATTESA DATI\nDA TAG CP 520" : "ATTESA RISPOSTA\nDA TAG CP540"};
+        if (!cp520)
+            attesi << "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 04711";
+        attesi << "RICEZIONE\nIN CORSO"
+               << "ELABORAZIONE\nIN CORSO"
+               << "ELABORAZIONE\nTERMINATA";
+        QCOMPARE(mostrati.stati, attesi);
     });
     const auto chiave = [this](int indice) { return QString::number(m_gara->equipaggi[indice]); };
     // The third crew is not ASI: minutes.

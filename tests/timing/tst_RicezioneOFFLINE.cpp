@@ -168,7 +168,7 @@ void tst_RicezioneOFFLINE::scarico540() {
     BancoOFFLINE banco;
     banco.dispositivo(Dispositivo::CP540);
     banco.spunta({4});
-    QStringList stati;
+    const StatiMostrati mostrati(banco.trova<QLabel>("lblStatus"));
     const char* titolo = "Inserimento Numero della Manche da Scaricare";
     const char* testo = "Numero della Manche da Scaricare";
     for (const char* sbagliata : {"0", "100", "x", "1,5", "-3", " "}) {
@@ -180,9 +180,12 @@ void tst_RicezioneOFFLINE::scarico540() {
     dialoghi().attendiChiedi(titolo, testo, "7");
     attendiRicevuti(1, 3);
     banco.premi("cmdIniziaRicezione");
-    QTRY_COMPARE(banco.stato(), "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 98765");
-    QTRY_COMPARE(banco.stato(), "RICEZIONE\nIN CORSO");
     QTRY_VERIFY(banco.ferma());
+    QCOMPARE(mostrati.stati, QStringList({"ATTESA RISPOSTA\nDA TAG CP540",
+                                          "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 98765",
+                                          "RICEZIONE\nIN CORSO", "ELABORAZIONE\nIN CORSO",
+                                          "ELABORAZIONE \nTERMINATA\nRicevuti 1 Rilevamenti Validi\n"
+                                          "Su 3 Tempi Previsti da Ricevere"}));
     QVERIFY(dialoghi().finite());
     QCOMPARE(tag.comandi(), QList<QByteArray>({"#ID\t", "#DL_12\t", "#DL_7\t"}));
     QCOMPARE(banco.griglia("grTempi"), QStringList({"2/ROSSI BIANCHI/Arrivo//14:30:00:00"}));
