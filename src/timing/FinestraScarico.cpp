@@ -1,10 +1,9 @@
 #include "timing/FinestraScarico.h"
 
-#include "common/Dialoghi.h"
 #include "common/Impostazioni.h"
 #include "common/Public.h"
 #include "scoring/TagliaTempo.h"
-#include "timing/Scarico.h"
+#include "timing/DialoghiScarico.h"
 
 #include <algorithm>
 #include <QComboBox>
@@ -20,8 +19,7 @@ constexpr int PortaMassima = 9;
 }  // namespace
 
 FinestraScarico::FinestraScarico(QWidget* padre) : Finestra(padre) {
-    connect(&m_scaricamento, &Scaricamento::mancheErrata, this,
-            [] { avverti(u"Impossibile Ricevere i Tempi"_s, u"Numero di Manche Errato"_s); });
+    connect(&m_scaricamento, &Scaricamento::mancheErrata, this, &avvisaMancheErrata);
     connect(&m_scaricamento, &Scaricamento::mancheRichiesta, this, &FinestraScarico::chiediManche);
     connect(&m_scaricamento, &Scaricamento::datiInArrivo, this, [this] {
         stato().mostra({u"RICEZIONE"_s, u"IN CORSO"_s}, Tono::Lavoro);
@@ -30,8 +28,7 @@ FinestraScarico::FinestraScarico(QWidget* padre) : Finestra(padre) {
     connect(&m_scaricamento, &Scaricamento::guasta, this, &FinestraScarico::avvisaGuasto);
     connect(&m_scaricamento, &Scaricamento::nessunaRisposta, this, [this] {
         arresta();
-        avverti(u"Errore di Comunicazione"_s,
-                u"Nessuna Risposta Ricevuta dal CP540.\nControllare I Collegamenti e Quindi Riprovare."_s);
+        avvisaNessunaRisposta();
     });
 }
 
@@ -109,24 +106,17 @@ void FinestraScarico::blocca(bool attiva, QWidget* fuoco) {
 
 void FinestraScarico::avvisaGuasto() {
     arresta();
-    avverti(u"Errore"_s, m_scaricamento.guasto().testo());
+    avvisaGuastoPorta(m_scaricamento.guasto());
 }
 
 void FinestraScarico::chiediManche() {
     stato().mostra({u"Collegamento Stabilito"_s, u"Con TAG CP540"_s,
                     u"Numero di Serie : "_s + m_scaricamento.numeroDiSerie()},
                    Tono::Attesa);
-    for (;;) {
-        const QString risposta = Dialoghi::corrente()
-                                     .chiedi(u"Inserimento Numero della Manche da Scaricare"_s,
-                                             u"Numero della Manche da Scaricare"_s, QString())
-                                     .value_or(QString());
-        if (risposta.isEmpty())
-            return arresta();
-        if (const std::optional<QString> manche = leggiManche(risposta))
-            return m_scaricamento.manche(*manche);
-        avverti(u"Attenzione"_s, u"Numero di Manche NON Corretto"_s);
-    }
+    if (const std::optional<QString> manche = ::chiediManche())
+        m_scaricamento.manche(*manche);
+    else
+        arresta();
 }
 
 void FinestraScarico::processa(const QByteArray& flusso) {

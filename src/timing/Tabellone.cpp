@@ -32,7 +32,7 @@ QByteArray frameTabellone(QStringView testo) {
     frame += Indirizzo;
     int scritte = 0;
     for (qsizetype i = 0; i < testo.size() && scritte < PosizioniTabellone; ++i, ++scritte) {
-        int byte = codice(testo[i]);
+        int byte = static_cast<unsigned char>(codice(testo[i]));
         if (!punto(testo[i]) && i + 1 < testo.size() && punto(testo[i + 1])) {
             byte += Punto;
             ++i;
@@ -64,12 +64,13 @@ QString tabellonePartito(int numero) {
 
 QString tabelloneParziale(int centesimi, const QString& precisione) {
     QString testo;
-    if (precisione == "SEC"_L1)
+    if (precisione == "SEC"_L1) {
         testo = QString::number(centesimi / 100);
-    else if (precisione == "DEC"_L1)
+    } else if (precisione == "DEC"_L1) {
         testo = u"%1.%2"_s.arg(centesimi / 100).arg(centesimi % 100 / 10);
-    else if (precisione == "CEN"_L1)
+    } else if (precisione == "CEN"_L1) {
         testo = u"%1.%2"_s.arg(centesimi / 100).arg(centesimi % 100, 2, 10, QChar(u'0'));
+    }
     return testo.rightJustified(7);
 }
 
