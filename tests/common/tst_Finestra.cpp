@@ -69,6 +69,10 @@ void tst_Finestra::invioVaAvantiEColora() {
         QCOMPARE(QApplication::focusWidget(), atteso);
     }
     QCOMPARE(finestra.primo.palette().color(QPalette::Base), QColor(Qt::white));
+    bool premuto = false;
+    connect(&finestra.pulsante, &QPushButton::clicked, &finestra, [&] { premuto = true; });
+    QTest::keyClick(&finestra.pulsante, Qt::Key_Enter);
+    QVERIFY(premuto);
 }
 
 void tst_Finestra::completaMentreSiScrive() {
