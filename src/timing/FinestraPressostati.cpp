@@ -93,11 +93,18 @@ void FinestraPressostati::elabora(Dispositivo dispositivo, const QByteArray& flu
     EsitoAssegnazione esito;
     {
         const CursoreAttesa attesa;
+        RecordScarico ultimo;
+        const auto informa = [&] {
+            stato().informa(u"Eq. N. : %1 --> T.: %2"_s.arg(QString::number(ultimo.numero), ultimo.tempo));
+        };
         esito = assegnaTempi(leggiRecord(dispositivo, flusso), leggiEquipaggi(IDMan), scelti(),
-                             soloPrimoPressostato(), taglio(), [this](const RecordScarico& record) {
-                                 stato().informa(u"Eq. N. : %1 --> T.: %2"_s.arg(
-                                     QString::number(record.numero), record.tempo));
+                             soloPrimoPressostato(), taglio(), [&](const RecordScarico& record) {
+                                 ultimo = record;
+                                 if (stato().attendeInformazioni())
+                                     informa();
                              });
+        if (esito.validi > 0)
+            informa();
         scriviTempRil(esito.tempi);
     }
     mostraRicevuti(esito);

@@ -11,24 +11,40 @@ QVariant allineamento(bool numero) {
 }
 
 // Tests come in their own order, not in that of their names.
-constexpr const char* Ordini[ModelloTempRil::Colonne] = {"t.Num", "Equipaggio", "t.IDPro_FK", "t.TPar",
-                                                         "t.TArr"};
+constexpr const char* Ordini[ModelloTempRil::Colonne] = {
+    "Num,", "(SELECT coalesce(Cog,'')||' '||coalesce(CogNav,'') FROM Equipaggi WHERE IDEqu=IDEqu_FK),",
+    "IDPro_FK,", "TPar,", "TArr,"};
+
+QHash<int, QString> leggiNomi(const QString& sql) {
+    Statement query(sql);
+    query.esegui();
+    QHash<int, QString> nomi;
+    while (query.prossima())
+        nomi.insert(query.intero(0), query.testo(1));
+    return nomi;
+}
 
 }  // namespace
 
 void ModelloTempRil::ricarica() {
-    beginResetModel();
-    m_righe.clear();
-    const QString ordine = m_ordine < 0 ? QString() : QLatin1StringView(Ordini[m_ordine]) + u","_s;
+    QHash<int, QString> equipaggi = leggiNomi(
+        u"SELECT IDEqu,coalesce(Cog,'')||' '||coalesce(CogNav,'') FROM Equipaggi "
+        "WHERE IDEqu IN (SELECT IDEqu_FK FROM TempRil)"_s);
+    QHash<int, QString> prove =
+        leggiNomi(u"SELECT IDPro,Nom FROM Prove WHERE IDPro IN (SELECT IDPro_FK FROM TempRil)"_s);
+    QList<Riga> righe;
     {
+        const QString ordine = m_ordine < 0 ? QString() : QString::fromLatin1(Ordini[m_ordine]);
         Statement query(
-            u"SELECT t.Num,coalesce(e.Cog,'')||' '||coalesce(e.CogNav,'') AS Equipaggio,p.Nom,t.TPar,t.TArr "
-            "FROM TempRil t LEFT JOIN Equipaggi e ON e.IDEqu=t.IDEqu_FK "
-            "LEFT JOIN Prove p ON p.IDPro=t.IDPro_FK ORDER BY %1t.rowid"_s.arg(ordine));
+            u"SELECT Num,IDEqu_FK,IDPro_FK,TPar,TArr FROM TempRil ORDER BY %1rowid"_s.arg(ordine));
         query.esegui();
         while (query.prossima())
-            m_righe.append({query.testo(0), query.testo(1), query.testo(2), query.testo(3), query.testo(4)});
+            righe.append({query.intero(0), query.intero(1), query.intero(2), query.testo(3), query.testo(4)});
     }
+    beginResetModel();
+    m_equipaggi.swap(equipaggi);
+    m_prove.swap(prove);
+    m_righe.swap(righe);
     endResetModel();
 }
 
@@ -50,7 +66,19 @@ QVariant ModelloTempRil::data(const QModelIndex& indice, int ruolo) const {
         return allineamento(indice.column() == Numero);
     if (ruolo != Qt::DisplayRole && ruolo != Qt::ToolTipRole)
         return {};
-    return m_righe[indice.row()][static_cast<std::size_t>(indice.column())];
+    const Riga& riga = m_righe[indice.row()];
+    switch (indice.column()) {
+        case Numero:
+            return riga.num;
+        case Equipaggio:
+            return m_equipaggi.value(riga.idEqu);
+        case Prova:
+            return m_prove.value(riga.idPro);
+        case TempoStart:
+            return riga.tPar;
+        default:
+            return riga.tArr;
+    }
 }
 
 QVariant ModelloTempRil::headerData(int sezione, Qt::Orientation verso, int ruolo) const {

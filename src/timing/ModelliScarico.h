@@ -2,7 +2,6 @@
 
 #include "timing/Assegnazione.h"
 
-#include <array>
 #include <QAbstractTableModel>
 
 // What the download windows show in their grids.
@@ -25,7 +24,16 @@ public:
     QVariant headerData(int sezione, Qt::Orientation verso, int ruolo = Qt::DisplayRole) const override;
 
 private:
-    QList<std::array<QString, Colonne>> m_righe;
+    struct Riga {
+        int num = 0;
+        int idEqu = 0;
+        int idPro = 0;
+        QString tPar;
+        QString tArr;
+    };
+    QList<Riga> m_righe;
+    QHash<int, QString> m_equipaggi;  // names, by key
+    QHash<int, QString> m_prove;
     int m_ordine = -1;
 };
 

@@ -48,7 +48,6 @@ PannelloStato::PannelloStato(QWidget* padre)
 }
 
 void PannelloStato::mostra(const QStringList& righe, Tono tono) {
-    m_lblInfo->setText(m_info);
     const QString testo = righe.join(u'\n');
     const QColor colore = sfondo(tono);
     // A download at full speed tells the same over and over.
@@ -63,18 +62,18 @@ void PannelloStato::mostra(const QStringList& righe, Tono tono) {
     repaint();
 }
 
+bool PannelloStato::attendeInformazioni() const {
+    return !m_dipinto.isValid() || m_dipinto.elapsed() >= PausaInformazioni;
+}
+
 void PannelloStato::informa(const QString& testo) {
-    m_info = testo;
-    if (m_dipinto.isValid() && m_dipinto.elapsed() < PausaInformazioni)
-        return;
     m_dipinto.start();
-    m_lblInfo->setText(m_info);
+    m_lblInfo->setText(testo);
     repaint();
 }
 
 void PannelloStato::azzera() {
     hide();
-    m_info.clear();
     m_lblStatus->clear();
     m_lblInfo->clear();
 }

@@ -16,12 +16,13 @@ public:
     explicit PannelloStato(QWidget* padre = nullptr);
 
     void mostra(const QStringList& righe, Tono tono);  // painted at once
-    void informa(const QString& testo);                // a few times a second; the last one by mostra()
-    void azzera();                                     // hides it
+    // Of one record among very many: `attendeInformazioni` is true a few times a second.
+    [[nodiscard]] bool attendeInformazioni() const;
+    void informa(const QString& testo);  // painted at once
+    void azzera();                       // hides it
 
 private:
     QLabel* m_lblStatus;
     QLabel* m_lblInfo;
-    QString m_info;
     QElapsedTimer m_dipinto;
 };
