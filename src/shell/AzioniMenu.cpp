@@ -2,7 +2,16 @@
 
 #include "archive/DataBase.h"
 #include "common/Subroutine.h"
+#include "correction/frmGestioneOrariDiPartenza.h"
+#include "correction/frmPenalitaAggiuntive.h"
+#include "correction/frmRipartenza.h"
+#include "correction/frmTempiManuale.h"
 #include "entries/frmModuloIscrizioni.h"
+#include "event/CreazioneManifestazione.h"
+#include "event/frmCambiaManifestazione.h"
+#include "event/frmModificaManifestazione.h"
+#include "event/frmProveSvolte.h"
+#include "event/ManifestazioneAttiva.h"
 #include "output/ApriReport.h"
 #include "scoring/frmClassificaDiGruppo.h"
 #include "scoring/MostraClassifica.h"
@@ -55,6 +64,34 @@ AzioneMenu lista(const QString& tipo) {
     };
 }
 
+// The name over the panel follows what is made, changed, chosen or deleted.
+void creaManifestazione(frmMain& principale) {
+    CreazioneManifestazione creazione(&principale);
+    QObject::connect(&creazione, &CreazioneManifestazione::manifestazioneAttivata, &principale,
+                     &frmMain::scriviNome);
+    creazione.esegui();
+}
+
+void modificaManifestazioneAttiva(frmMain& principale) {
+    frmModificaManifestazione finestra(&principale);
+    QObject::connect(&finestra, &frmModificaManifestazione::manifestazioneModificata, &principale,
+                     &frmMain::scriviNome);
+    finestra.exec();
+}
+
+void cambiaManifestazione(frmMain& principale) {
+    frmCambiaManifestazione finestra(&principale);
+    QObject::connect(&finestra, &frmCambiaManifestazione::manifestazioneAttivata, &principale,
+                     &frmMain::scriviNome);
+    finestra.exec();
+}
+
+void eliminaManifestazione(frmMain& principale) {
+    if (EliminaManifestazione())
+        principale.scriviNome({});
+    principale.attivazione();
+}
+
 template <typename Finestra>
 AzioneMenu finestra() {
     return [](frmMain& principale) { Finestra(&principale).exec(); };
@@ -62,6 +99,15 @@ AzioneMenu finestra() {
 
 const QHash<QString, AzioneMenu>& azioni() {
     static const QHash<QString, AzioneMenu> tutte{
+        {u"mnuNuovaManifestazione"_s, creaManifestazione},
+        {u"mnuModificaManifestazione"_s, modificaManifestazioneAttiva},
+        {u"mnuEliminaManifestazione"_s, eliminaManifestazione},
+        {u"mnuCambiaManifestazione"_s, cambiaManifestazione},
+        {u"mnuProveSvolte"_s, finestra<frmProveSvolte>()},
+        {u"mnuImmManuale"_s, finestra<frmTempiManuale>()},
+        {u"mnuPenalitaAggiuntive"_s, finestra<frmPenalitaAggiuntive>()},
+        {u"mnuOrariDiPartenza"_s, finestra<frmGestioneOrariDiPartenza>()},
+        {u"mnuCreaRipartenza"_s, finestra<frmRipartenza>()},
         {u"mnuModuloIscrizioni"_s, finestra<frmModuloIscrizioni>()},
         {u"mnuClasAssoluta"_s, classifica({.soloSvolte = true})},
         {u"mnuClasASI"_s, classifica({.tipo = 1, .soloSvolte = true})},

@@ -90,22 +90,13 @@ constexpr VoceMenu Voci[] = {
 };
 
 constexpr const char16_t* NonAncora[] = {
-    u"mnuNuovaManifestazione",
-    u"mnuModificaManifestazione",
-    u"mnuEliminaManifestazione",
-    u"mnuCambiaManifestazione",
     u"mnuTabellaIscrizioni",
     u"mnuTabellaIscrizioniRapida",
     u"mnuModuloIscrizionirapido",
     u"mnuPrezzi",
     u"mnuQuote",
-    u"mnuProveSvolte",
-    u"mnuImmManuale",
     u"mnuRXONLINE",
     u"mnuRXOFFLINE",
-    u"mnuPenalitaAggiuntive",
-    u"mnuOrariDiPartenza",
-    u"mnuCreaRipartenza",
     u"mnuClasSquadre",
     u"mnuClasProva",
     u"mnuClasGioSqu",

@@ -365,6 +365,7 @@ void tst_frmMain::classificaDiGruppo() {
         QVERIFY(anteprima.titoli.isEmpty());
         lista->setCurrentItem(lista->topLevelItem(1));
         QTest::mouseClick(stampa, Qt::LeftButton);
+        lista->setFocus();
         QTest::keyClick(lista, Qt::Key_Return);
         QTest::mouseClick(finestra->findChild<QPushButton*>("cmdEsci"), Qt::LeftButton);
     };

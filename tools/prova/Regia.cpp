@@ -4,9 +4,12 @@
 #include "output/Pittore.h"
 #include "shell/frmMain.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QTextStream>
@@ -74,9 +77,30 @@ void Regia::scegli(frmMain& principale, const QString& voce) {
 void Regia::fotografa(QWidget& finestra, const QString& nome) {
     const QString file =
         u"%1/%2-%3.png"_s.arg(m_cartella).arg(++m_figure, 2, 10, QChar(u'0')).arg(nomeFile(nome));
+    // Texts just changed may have asked for more room.
+    QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     if (!finestra.grab().save(file))
         guasto(u"non si scrive "_s + file);
     racconta(u"  figura: "_s + file);
+}
+
+void Regia::scrivi(QWidget& finestra, const QString& campo, const QString& testo) {
+    auto& box = controllo<QLineEdit>(finestra, campo);
+    box.setFocus();
+    box.selectAll();
+    box.insert(testo);
+}
+
+void Regia::scegliVoce(QWidget& finestra, const QString& combo, const QString& testo) {
+    auto& scelta = controllo<QComboBox>(finestra, combo);
+    const int voce = scelta.findText(testo);
+    if (voce < 0)
+        throw Errore(u"%1 non ha la voce %2"_s.arg(combo, testo));
+    scelta.setCurrentIndex(voce);
+}
+
+void Regia::premi(QWidget& finestra, const QString& pulsante) {
+    controllo<QAbstractButton>(finestra, pulsante).click();
 }
 
 QWidget* Regia::trova(QWidget& finestra, const QString& nome) {

@@ -28,6 +28,11 @@ public:
     // A control of a window, by its name; throws when there is none.
     template <typename Controllo>
     Controllo& controllo(QWidget& finestra, const QString& nome);
+    // The operator's hand on a control of the window, by its name: types into a box, chooses in a combo,
+    // presses.
+    void scrivi(QWidget& finestra, const QString& campo, const QString& testo);
+    void scegliVoce(QWidget& finestra, const QString& combo, const QString& testo);
+    void premi(QWidget& finestra, const QString& pulsante);
     // What the next input boxes and file dialogs are answered; without any, what they propose.
     void rispondi(const QString& risposta) { m_risposte << risposta; }
     // The title of a box that may come; any other failure box ends the rehearsal as failed.

@@ -43,6 +43,7 @@ void recita(Regia& regia) {
     scenaIntroduzione(regia, *principale);
     scenaClassifiche(regia, *principale);
     scenaStampe(regia, *principale);
+    scenaManifestazione(regia, *principale);
     regia.scegli(*principale, u"mnuEsci"_s);
 }
 
