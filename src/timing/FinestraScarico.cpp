@@ -5,7 +5,6 @@
 #include "scoring/TagliaTempo.h"
 #include "timing/DialoghiScarico.h"
 
-#include <algorithm>
 #include <QComboBox>
 #include <QPushButton>
 
