@@ -45,7 +45,7 @@ QString Bersaglio::tipo() const {
     return testo.mid(LunghezzaPrefisso, 2);
 }
 
-QList<ProvaCronometrata> leggiProve(int idMan) {
+QList<ProvaCronometrata> leggiProveCronometrate(int idMan) {
     Statement query(u"SELECT IDPro,Tip,Nom,Tem,ConA FROM Prove WHERE IDMan_FK=? ORDER BY IDPro"_s);
     query.esegui({idMan});
     QList<ProvaCronometrata> prove;
@@ -64,6 +64,17 @@ QList<Pressostato> elencaPressostati(const QList<ProvaCronometrata>& prove) {
         pressostati << arrivo(prove, i);
     }
     return pressostati;
+}
+
+QList<QList<Destinazione>> leggiDestinazioni(const QList<Pressostato>& pressostati) {
+    QList<QList<Destinazione>> tutte;
+    for (const Pressostato& pressostato : pressostati) {
+        QList<Destinazione> destinazioni;
+        for (const Bersaglio& bersaglio : pressostato)
+            destinazioni << Destinazione{bersaglio.idPro, bersaglio.ruolo(), bersaglio.tipo()};
+        tutte << destinazioni;
+    }
+    return tutte;
 }
 
 QString difettoScelta(const QList<int>& righe) {

@@ -27,7 +27,15 @@ struct Bersaglio {
 
 using Pressostato = QList<Bersaglio>;  // one to three, no two alike
 
-QList<ProvaCronometrata> leggiProve(int idMan);  // in their order
+// What the texts of a switch's targets say, read once for all its records.
+struct Destinazione {
+    int idPro = 0;
+    Ruolo ruolo = Ruolo::Arrivo;
+    QString tipo;
+};
+QList<QList<Destinazione>> leggiDestinazioni(const QList<Pressostato>& pressostati);
+
+QList<ProvaCronometrata> leggiProveCronometrate(int idMan);  // in their order
 QList<Pressostato> elencaPressostati(const QList<ProvaCronometrata>& prove);
 
 // What is wrong with a choice of switches, as the box "Impossibile Ricevere" says it; empty when nothing is.
