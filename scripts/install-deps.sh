@@ -7,7 +7,7 @@ packages=(
   g++ cmake ninja-build ccache pkg-config git
   qt6-base-dev qt6-tools-dev qt6-tools-dev-tools libgl1-mesa-dev qt6-serialport-dev
   # running
-  libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core
+  libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra
   # checking and measuring
   clang-format clang-tidy libbenchmark-dev libsqlite3-dev poppler-utils
 )

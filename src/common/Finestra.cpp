@@ -26,8 +26,12 @@ bool spunta(const QObject* oggetto) {
     return qobject_cast<const QCheckBox*>(oggetto) || qobject_cast<const QRadioButton*>(oggetto);
 }
 
+bool invio(const QKeyEvent& tasto) {
+    return tasto.key() == Qt::Key_Return || tasto.key() == Qt::Key_Enter;
+}
+
 bool invioComeTab(QObject* oggetto, const QKeyEvent& tasto) {
-    if (tasto.key() != Qt::Key_Return && tasto.key() != Qt::Key_Enter)
+    if (!invio(tasto))
         return false;
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
     QApplication::sendEvent(oggetto, &tab);
@@ -100,8 +104,11 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 void Finestra::keyPressEvent(QKeyEvent* evento) {
+    auto* pulsante = qobject_cast<QPushButton*>(focusWidget());
     if (evento->key() == Qt::Key_F1)
         mostraAiuto(this);
+    else if (invio(*evento) && pulsante)
+        pulsante->click();
     else
         QDialog::keyPressEvent(evento);
 }

@@ -2,8 +2,8 @@
 
 #include <QDialog>
 
-// What every window shares: Enter as Tab in its fields, focus colours, centring, F1 on its own help page, and
-// one closing rule for the close box, Esc and the buttons.
+// What every window shares: Enter as Tab in its fields and as a press on its buttons, focus colours,
+// centring, F1 on its own help page, and one closing rule for the close box, Esc and the buttons.
 class Finestra : public QDialog {
     Q_OBJECT
 

@@ -222,6 +222,26 @@ double Calcolo::coefficiente(const EquipaggioCalcolo& equipaggio, bool& errore) 
     return termine * (*fattore == 0 ? 1.0 : *fattore);
 }
 
+double Calcolo::penalita(const EquipaggioCalcolo& equipaggio, std::size_t prova) const {
+    const std::optional<double> valore =
+        penalitaProva(m_impostazione, equipaggio.asi, m_prove[prova], lettura(posto(equipaggio), prova));
+    if (!valore) {
+        throw Errore(
+            u"La penalità dell'equipaggio n. %1 è troppo grande: controllare i tempi e la penalità per unità."_s
+                .arg(equipaggio.num));
+    }
+    return *valore;
+}
+
+float Calcolo::media(const EquipaggioCalcolo& equipaggio) const {
+    std::vector<float> svolte;
+    for (std::size_t i = 0; i < m_prove.size(); ++i) {
+        if (m_prove[i].svolta && lettura(posto(equipaggio), i).esiste)
+            svolte.push_back(static_cast<float>(penalita(equipaggio, i)));
+    }
+    return mediaTagliata(svolte);
+}
+
 bool Calcolo::tempiCompleti(const EquipaggioCalcolo& equipaggio) const {
     for (std::size_t i = 0; i < m_prove.size(); ++i) {
         if (!m_prove[i].svolta)

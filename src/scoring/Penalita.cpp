@@ -19,23 +19,14 @@ public:
         if (m_calcolo.prove().empty())
             throw Errore(u"La prova richiesta per l'equipaggio n. %1 non è più nell'archivio."_s.arg(num));
     }
-    [[nodiscard]] const Impostazione& impostazione() const { return m_calcolo.impostazione(); }
     [[nodiscard]] const EquipaggioCalcolo& equipaggio() const { return m_calcolo.equipaggi().front(); }
     [[nodiscard]] const ProvaCalcolo& prova() const { return m_calcolo.prove().front(); }
     [[nodiscard]] const LetturaCalcolo& lettura() const { return m_calcolo.lettura(0, 0); }
+    [[nodiscard]] double penalita() const { return m_calcolo.penalita(equipaggio(), 0); }
 
 private:
     Calcolo m_calcolo;
 };
-
-double valida(const std::optional<double>& penalita, const EquipaggioCalcolo& equipaggio) {
-    if (!penalita) {
-        throw Errore(
-            u"La penalità dell'equipaggio n. %1 è troppo grande: controllare i tempi e la penalità per unità."_s
-                .arg(equipaggio.num));
-    }
-    return *penalita;
-}
 
 using Somma = double (Calcolo::*)(const EquipaggioCalcolo&, bool&) const;
 
@@ -73,9 +64,7 @@ void avvisaErrorePenalita(int num, const QString& cog, const QString& cogNav) {
 
 double PenalitaProva(int num, int idPro, bool senzaPenAgg) {
     const LetturaSingola singola(num, idPro);
-    const double penalita = valida(
-        penalitaProva(singola.impostazione(), singola.equipaggio().asi, singola.prova(), singola.lettura()),
-        singola.equipaggio());
+    const double penalita = singola.penalita();
     if (senzaPenAgg)
         return penalita;
     if (!singola.lettura().esiste)
@@ -108,19 +97,7 @@ int ScartoProva(int num, int idPro) {
 
 float MediaPenalita(int idEqu) {
     const Calcolo calcolo({.idEqu = idEqu});
-    std::vector<float> penalita;
-    for (std::size_t e = 0; e < calcolo.equipaggi().size(); ++e) {
-        for (std::size_t p = 0; p < calcolo.prove().size(); ++p) {
-            const LetturaCalcolo& lettura = calcolo.lettura(e, p);
-            if (!lettura.esiste || !calcolo.prove()[p].svolta)
-                continue;
-            const EquipaggioCalcolo& equipaggio = calcolo.equipaggi()[e];
-            penalita.push_back(static_cast<float>(
-                valida(penalitaProva(calcolo.impostazione(), equipaggio.asi, calcolo.prove()[p], lettura),
-                       equipaggio)));
-        }
-    }
-    return mediaTagliata(penalita);
+    return calcolo.equipaggi().empty() ? 0 : calcolo.media(calcolo.equipaggi().front());
 }
 
 bool TempiCompleti(int num) {

@@ -1,0 +1,212 @@
+#include "event/Gruppi.h"
+#include "supporto/ProgrammaDiProva.h"
+
+#include <QTest>
+
+namespace {
+
+int gruppoDi(int idEqu) {
+    return leggiValore("SELECT IDGru_FK FROM Equipaggi WHERE IDEqu=?", {idEqu})->toInt();
+}
+
+}  // namespace
+
+class tst_Gruppi final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void verifica_data();
+    void verifica();
+    void titoli_data();
+    void titoli();
+    void anno_data();
+    void anno();
+    void assegnazione();
+    void tabellaASI();
+    void aggiuntaModificaEliminazione();
+    void riassegnazione();
+    void squadre();
+};
+
+void tst_Gruppi::verifica_data() {
+    QTest::addColumn<QStringList>("campi");  // name, factor, years
+    QTest::addColumn<bool>("automatica");
+    QTest::addColumn<QString>("titolo");
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<QString>("campo");
+    const QString mancanti = "Inserendo Almeno un Anno E' Obbligatorio Inserire Anche l'Altro";
+    const QString automatica =
+        "La Manifestazione Prevede l'Inserimento Automatico\n"
+        "degli Equipaggi nei Raggruppamenti in Base all'Anno del Veicolo.\n"
+        "E' Obbligatorio Inserire Entrambi gli Anni del Ragruppamento";
+    const QString inizio = "L'Anno di Inizio del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
+    const QString fine = "L'Anno di Fine del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
+    const auto riga = [](const char* nome, const QStringList& campi, bool auto_, const QString& titolo = "",
+                         const QString& testo = "", const QString& campo = "") {
+        QTest::newRow(nome) << campi << auto_ << titolo << testo << campo;
+    };
+    riga("no name, before all", {"", "", "1950", ""}, true, "Impossbile Aggiungere",
+         "Inserire il Nome del Raggruppamento", "txtNom");
+    riga("no factor", {"A", "", "1950", ""}, true, "Impossbile Aggiungere",
+         "Inserire il Fattore Moltiplicativo", "txtFat");
+    riga("a comma is no factor", {"A", ",", "", ""}, false, "Impossbile Aggiungere",
+         "Inserire il Fattore Moltiplicativo", "txtFat");
+    riga("no years, assigned by year", {"A", "1", "", ""}, true, "Anni Mancanti", automatica, "txtDaAnn");
+    riga("one year, assigned by year", {"A", "1", "1950", " "}, true, "Anni Mancanti", automatica,
+         "txtDaAnn");
+    riga("no years", {"A", "1,5", "", ""}, false);
+    riga("only the first year", {"A", "1", "1950", ""}, false, "Anni Mancanti", mancanti, "txtDaAnn");
+    riga("only the last year", {"A", "1", "", "1950"}, false, "Anni Mancanti", mancanti, "txtDaAnn");
+    riga("backwards", {"A", "1", "1946", "1940"}, false, "Anni Errati",
+         "L'Anno di Inizio del Raggruppamento è Maggiore dell'Anno di Fine", "txtDaAnn");
+    riga("first year at the other's end", {"A", "1", "1945", "1950"}, true, "Anno Errato", inizio,
+         "txtDaAnn");
+    riga("last year at the other's start", {"A", "1", "1925", "1931"}, true, "Anno Errato", fine, "txtAAnn");
+    riga("both inside", {"A", "1", "1935", "1936"}, false, "Anno Errato", inizio, "txtDaAnn");
+    riga("only the end inside", {"A", "1", "1930", "1965"}, false, "Anno Errato", fine, "txtAAnn");
+    riga("encloses the other", {"A", "1", "1930", "1950"}, true);
+    riga("one year alone", {"A", "1", "1950", "1950"}, true);
+}
+
+void tst_Gruppi::verifica() {
+    QFETCH(QStringList, campi);
+    QFETCH(bool, automatica);
+    QFETCH(QString, titolo);
+    const QList<Gruppo> altri{{.nom = "Senza anni", .fat = "1"},
+                              {.nom = "Post Vintage", .fat = "1", .daAnn = "1931", .aAnn = "1945"},
+                              {.nom = "Post Classic", .fat = "1", .daAnn = "1961", .aAnn = "1970"}};
+    const std::optional<Rifiuto> rifiuto =
+        verificaGruppo({0, campi[0], campi[1], campi[2], campi[3]}, altri, automatica, Operazione::Aggiunta);
+    QCOMPARE(rifiuto.has_value(), !titolo.isEmpty());
+    if (!rifiuto)
+        return;
+    QCOMPARE(rifiuto->titolo, titolo);
+    QTEST(rifiuto->testo, "testo");
+    QTEST(rifiuto->campo, "campo");
+    QCOMPARE(rifiuto->icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
+}
+
+void tst_Gruppi::titoli_data() {
+    QTest::addColumn<int>("operazione");
+    QTest::addColumn<QString>("titolo");
+    QTest::newRow("add") << int(Operazione::Aggiunta) << "Impossbile Aggiungere";
+    QTest::newRow("change in the creation")
+        << int(Operazione::ModificaInCreazione) << "Impossibile Modificare";
+    QTest::newRow("change in the archive") << int(Operazione::ModificaInArchivio) << "Impossibile Aggiungere";
+}
+
+void tst_Gruppi::titoli() {
+    QFETCH(int, operazione);
+    QTEST(verificaGruppo({}, {}, false, Operazione(operazione))->titolo, "titolo");
+    QTEST(verificaSquadra({}, Operazione(operazione))->titolo, "titolo");
+}
+
+void tst_Gruppi::anno_data() {
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<bool>("accettato");
+    QTest::newRow("blank") << "" << true;
+    QTest::newRow("1849") << "1849" << false;
+    QTest::newRow("1850") << "1850" << true;
+    QTest::newRow("2000") << "2000" << true;
+    QTest::newRow("2001") << "2001" << false;
+    QTest::newRow("two digits") << "55" << false;
+}
+
+void tst_Gruppi::anno() {
+    QFETCH(QString, testo);
+    const std::optional<Rifiuto> rifiuto = verificaAnno(testo);
+    QTEST(!rifiuto.has_value(), "accettato");
+    if (rifiuto) {
+        QCOMPARE(rifiuto->titolo, QString("Dato Errato"));
+        QCOMPARE(rifiuto->testo, QString("Controllare l'Anno Inserito"));
+    }
+}
+
+void tst_Gruppi::assegnazione() {
+    QVERIFY(!verificaAssegnazione({}));
+    QVERIFY(!verificaAssegnazione({{.nom = "A", .daAnn = "1950", .aAnn = "1960"}}));
+    const auto rifiuto = verificaAssegnazione({{.nom = "A", .daAnn = "1950", .aAnn = "1960"}, {.nom = "B"}});
+    QVERIFY(rifiuto);
+    QCOMPARE(rifiuto->titolo, QString("Impossibile Attivare l'Opzione"));
+    QCOMPARE(rifiuto->testo, QString("Sono Stati Già Inseriti dei Raggruppamenti Senza Anni.\n"
+                                     "Inserire Tutti gli Anni Mancanti e Quindi Atrivare l'Opzione"));
+}
+
+void tst_Gruppi::tabellaASI() {
+    ProgrammaDiProva programma;
+    programma.orologio.ora.setDate(QDate(2031, 1, 1));
+    QStringList righe;
+    for (const Gruppo& gruppo : gruppiASI())
+        righe << QStringList{gruppo.nom, gruppo.fat, gruppo.daAnn, gruppo.aAnn}.join(' ');
+    QCOMPARE(righe, (QStringList{"Ancêtre 1 1850 1904", "Veteran 1 1905 1918", "Vintage 1 1919 1930",
+                                 "Post Vintage 1 1931 1945", "Classic 1 1946 1960",
+                                 "Post Classic 1 1961 1970", "Modern 1 1970 2011"}));
+}
+
+void tst_Gruppi::aggiuntaModificaEliminazione() {
+    const ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int vecchia = nuovoEquipaggio(1, {{"Ann", 1938}, {"IDGru_FK", 77}});
+    const int id = aggiungiGruppo(IDMan, {0, "A", "1,25", "1931", "1945"}, false);
+    QCOMPARE(contaRighe("Raggruppamenti", "Nom='A' AND Fat=1.25 AND DAAnn=1931 AND AAnn=1945"), 1);
+    QCOMPARE(gruppoDi(vecchia), 77);  // by hand: nothing moves it
+    modificaGruppo(IDMan, {id, "B", "1.5", "", ""}, false);
+    QCOMPARE(contaRighe("Raggruppamenti", "Nom='B' AND Fat=1.5 AND DAAnn IS NULL AND AAnn IS NULL"), 1);
+    QCOMPARE(leggiGruppi(IDMan).constFirst().fat, QString("1,5"));
+
+    const int preso = nuovoEquipaggio(2, {{"IDGru_FK", id}});
+    eliminaGruppo(IDMan, id);
+    QCOMPARE(contaRighe("Raggruppamenti"), 0);
+    QCOMPARE(gruppoDi(preso), 0);
+    QCOMPARE(gruppoDi(vecchia), 77);
+}
+
+void tst_Gruppi::riassegnazione() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int estraneo = nuovoEquipaggio(1, {{"Ann", 1970}, {"IDGru_FK", 5}});
+    nuovaManifestazione();
+    const int del1970 = nuovoEquipaggio(1, {{"Ann", 1970}});
+    const int senzaAnno = nuovoEquipaggio(2, {{"Ann", QVariant()}, {"IDGru_FK", 3}});
+    const int fuori = nuovoEquipaggio(3, {{"Ann", 1849}, {"IDGru_FK", 3}});
+    const int del1920 = nuovoEquipaggio(4, {{"Ann", 1920}, {"IDGru_FK", 3}});
+    // Without automatic assignment the crews of the groups that are gone are in none.
+    sostituisciConGruppiASI(IDMan, false);
+    QCOMPARE(gruppoDi(del1920), 0);
+    sostituisciConGruppiASI(IDMan, true);
+    const QList<Gruppo> gruppi = leggiGruppi(IDMan);
+    QCOMPARE(gruppi.size(), 7);
+    QCOMPARE(gruppoDi(del1970), gruppi[6].id);  // the later of the two that hold the year
+    QCOMPARE(gruppoDi(senzaAnno), 0);
+    QCOMPARE(gruppoDi(fuori), 0);
+    QCOMPARE(gruppoDi(del1920), gruppi[2].id);
+    QCOMPARE(gruppoDi(estraneo), 5);
+
+    // A change moves everybody; a group that lacks a year takes nobody.
+    esegui("UPDATE Raggruppamenti SET AAnn=NULL WHERE IDGru=?", {gruppi[6].id});
+    Gruppo vintage = gruppi[2];
+    vintage.daAnn = "1921";
+    modificaGruppo(IDMan, vintage, true);
+    QCOMPARE(gruppoDi(del1970), gruppi[5].id);
+    QCOMPARE(gruppoDi(del1920), 0);
+    // An added group takes its own crews and leaves the others.
+    const int nuovo = aggiungiGruppo(IDMan, {0, "Nuovo", "1", "1919", "1920"}, true);
+    QCOMPARE(gruppoDi(del1920), nuovo);
+    QCOMPARE(gruppoDi(del1970), gruppi[5].id);
+}
+
+void tst_Gruppi::squadre() {
+    const ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int id = aggiungiSquadra(IDMan, "Scuderia");
+    aggiungiSquadra(IDMan, "Scuderia");
+    const int uno = nuovoEquipaggio(1, {{"IDSqu_FK", id}});
+    modificaSquadra({id, "Scuderia dell'Est"});
+    QCOMPARE(leggiSquadre(IDMan).constFirst().nom, QString("Scuderia dell'Est"));
+    eliminaSquadra(IDMan, id);
+    QCOMPARE(contaRighe("Squadre"), 1);
+    QCOMPARE(contaRighe("Equipaggi", QString("IDEqu=%1 AND IDSqu_FK=0").arg(uno)), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_Gruppi)
+#include "tst_Gruppi.moc"
