@@ -70,7 +70,7 @@ RicezioneOnLine::Azioni RicezioneOnLine::ricevuto(const FrameOnLine& frame) {
     // A guard: no frame of another kind passes the receiver.
     m_schermo.sfondo = Sfondo::Rosso;
     m_schermo.lblTempo = u"Ricevuto Dato Errato"_s;
-    return {{Cosa::Mostra}, {Cosa::Tabellone, QString(TabelloneErrore)}};
+    return {{Cosa::Mostra}, {Cosa::Tabellone, QStringView(TabelloneErrore).toString()}};
 }
 
 void RicezioneOnLine::partenza(Azioni& azioni) {
@@ -143,14 +143,15 @@ void RicezioneOnLine::rifiuta(const QString& motivo, Azioni& azioni) {
     m_schermo.lblImp.clear();
     m_schermo.lblTempo = motivo;
     azioni << Azione{Cosa::FermaCronometro} << Azione{Cosa::Mostra}
-           << Azione{Cosa::Tabellone, QString(TabelloneErrore)}
+           << Azione{Cosa::Tabellone, QStringView(TabelloneErrore).toString()}
            << Azione{Cosa::Attendi, {}, AtteseRicezione.errore};
 }
 
 void RicezioneOnLine::interrompi(Cosa motivo, Azioni& azioni) {
     m_stato = Stato::Chiusa;
-    azioni << Azione{Cosa::FermaCronometro} << Azione{Cosa::Tabellone, QString(TabelloneErrore)}
-           << Azione{motivo} << Azione{Cosa::Chiudi};
+    azioni << Azione{Cosa::FermaCronometro}
+           << Azione{Cosa::Tabellone, QStringView(TabelloneErrore).toString()} << Azione{motivo}
+           << Azione{Cosa::Chiudi};
 }
 
 RicezioneOnLine::Azioni RicezioneOnLine::attesaFinita() {

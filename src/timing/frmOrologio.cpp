@@ -5,6 +5,7 @@
 #include "timing/Tabellone.h"
 #include "ui_frmOrologio.h"
 
+#include <algorithm>
 #include <QButtonGroup>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +52,9 @@ frmOrologio::frmOrologio(QWidget* padre)
     raccogli(m_optCOMTAB, m_ui->fraCOMTAB);
     raccogli(m_optCOMTAG, m_ui->fraCOMTAG);
     raccogli(m_optFormato, m_ui->fraFormato);
+    QSizePolicy posto = m_ui->frmAttesaSynchro->sizePolicy();
+    posto.setRetainSizeWhenHidden(true);
+    m_ui->frmAttesaSynchro->setSizePolicy(posto);
     ripristina();
     mostraAttesa(false);
 

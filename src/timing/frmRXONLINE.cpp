@@ -86,7 +86,7 @@ void frmRXONLINE::ricevi() {
         esegui(m_ricezione.ricevuti(caratteri));
     } catch (...) {
         // The archive has refused a reading: the run is over, the box comes from the top.
-        inviaAlTabellone(QString(TabelloneErrore));
+        inviaAlTabellone(TabelloneErrore);
         done(Rejected);
         throw;
     }
@@ -171,7 +171,7 @@ void frmRXONLINE::suona() {
     QTimer::singleShot(TraBeep, this, &QApplication::beep);
 }
 
-void frmRXONLINE::inviaAlTabellone(const QString& testo) {
+void frmRXONLINE::inviaAlTabellone(QStringView testo) {
     if (!m_tabellone)
         return;
     // The times go on without it.

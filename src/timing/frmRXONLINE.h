@@ -39,7 +39,7 @@ private:
     void mostra();
     void mostraCronometro();
     void suona();
-    void inviaAlTabellone(const QString& testo);
+    void inviaAlTabellone(QStringView testo);
 
     std::unique_ptr<Ui::frmRXONLINE> m_ui;
     RicezioneOnLine m_ricezione;

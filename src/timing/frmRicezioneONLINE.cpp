@@ -70,6 +70,8 @@ frmRicezioneONLINE::frmRicezioneONLINE(const Catena& catena, QWidget* padre)
 
     connect(m_ui->txtNum, &QLineEdit::textChanged, this, &frmRicezioneONLINE::cercaNumero);
     connect(m_ui->lstEq, &ElencoEquipaggi::scelto, this, &frmRicezioneONLINE::mostraEquipaggio);
+    // Also the crew that is current already, after a wrong number.
+    connect(m_ui->lstEq, &QTreeWidget::itemClicked, this, &frmRicezioneONLINE::mostraEquipaggio);
     connect(m_ui->griglia, &GrigliaRilevamenti::equipaggioRichiesto, this,
             &frmRicezioneONLINE::cambiaEquipaggio);
     connect(m_ui->chkTabellone, &QCheckBox::clicked, this, &frmRicezioneONLINE::cambiatoTabellone);
