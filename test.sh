@@ -7,3 +7,4 @@ scripts/check-format.sh
 cmake --preset sanitize
 cmake --build --preset sanitize
 ctest --preset sanitize
+scripts/fuzz.sh 5

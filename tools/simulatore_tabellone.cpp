@@ -32,10 +32,11 @@ QString esegui(const SimulatoreTabellone& tabellone, int& gia, Copione::Comando&
     // What was shown before an earlier text was found does not count again.
     comando.finche = [&tabellone, &gia, atteso, scadenza = QDeadlineTimer(AttesaTesto)] {
         const qsizetype trovato = tabellone.mostrati().indexOf(atteso, gia);
-        if (trovato >= 0)
+        if (trovato >= 0) {
             gia = static_cast<int>(trovato) + 1;
-        else if (scadenza.hasExpired())
+        } else if (scadenza.hasExpired()) {
             QCoreApplication::exit(fallisci(u"il tabellone non ha mostrato [%1]"_s.arg(atteso)));
+        }
         return trovato >= 0;
     };
     return {};

@@ -85,38 +85,40 @@ QString memoria(SimulatoreTag& tag, const Copione::Comando& c) {
         return passaggio(tag, c.resto);
     if (c.nome == "riga"_L1)
         return grezzi(c.resto, [&](const QByteArray& b) { tag.registraRiga(b); });
-    if (c.nome == "trasmetti"_L1)
+    if (c.nome == "trasmetti"_L1) {
         tag.trasmetti();
-    else
+    } else {
         return u"comando sconosciuto: "_s + c.nome;
+    }
     return {};
 }
 
 QString esegui(SimulatoreTag& tag, const Copione::Comando& c) {
-    if (c.nome == "partenza"_L1)
+    if (c.nome == "partenza"_L1) {
         tag.partenza();
-    else if (c.nome == "tempo"_L1)
+    } else if (c.nome == "tempo"_L1) {
         return secondi(tag, c.resto);
-    else if (c.nome == "serie"_L1)
+    } else if (c.nome == "serie"_L1) {
         tag.setSerie(c.resto);
-    else if (c.nome == "muto"_L1 || c.nome == "parla"_L1)
+    } else if (c.nome == "muto"_L1 || c.nome == "parla"_L1) {
         tag.setMuto(c.nome == "muto"_L1);
-    else if (c.nome == "taglia"_L1)
+    } else if (c.nome == "taglia"_L1) {
         return conNumero(c.resto, 0, [&](std::optional<int> n) { tag.setTaglio(n); });
-    else if (c.nome == "coda"_L1)
+    } else if (c.nome == "coda"_L1) {
         return conNumero(c.resto, 1, [&](std::optional<int> n) { tag.setMancheInCoda(n); });
-    else if (c.nome == "spezza"_L1)
+    } else if (c.nome == "spezza"_L1) {
         return conNumero(c.resto.section(u' ', 0, 0), 1, [&](std::optional<int> n) {
             tag.spezza(n.value_or(0), c.resto.section(u' ', 1).toInt());
         });
-    else if (c.nome == "incolla"_L1)
+    } else if (c.nome == "incolla"_L1) {
         tag.incolla();
-    else if (c.nome == "invia"_L1)
+    } else if (c.nome == "invia"_L1) {
         return grezzi(c.resto, [&](const QByteArray& b) { tag.invia(b); });
-    else if (c.nome == "disturbo"_L1)
+    } else if (c.nome == "disturbo"_L1) {
         return conNumero(c.resto, 0, [&](std::optional<int> n) { tag.disturbo(n.value_or(0)); });
-    else
+    } else {
         return memoria(tag, c);
+    }
     return {};
 }
 

@@ -36,9 +36,10 @@ QList<EquipaggioCronometrato> leggiEquipaggi(int idMan) {
         "coalesce([Mod],''),Omo FROM Equipaggi WHERE IDMan_FK=? ORDER BY Num"_s);
     query.esegui({idMan});
     QList<EquipaggioCronometrato> equipaggi;
-    while (query.prossima())
+    while (query.prossima()) {
         equipaggi << EquipaggioCronometrato{query.intero(0), query.intero(1), query.testo(2), query.testo(3),
                                             equipaggioASI(query.testo(4))};
+    }
     return equipaggi;
 }
 
@@ -87,9 +88,10 @@ QList<TempoInLista> assegnaALista(const QList<RecordScarico>& record,
     const QHash<int, const EquipaggioCronometrato*> iscritti = perNumero(equipaggi);
     QList<TempoInLista> lista;
     for (const RecordScarico& r : record) {
-        if (const EquipaggioCronometrato* equipaggio = iscritti.value(r.numero))
+        if (const EquipaggioCronometrato* equipaggio = iscritti.value(r.numero)) {
             lista << TempoInLista{equipaggio->idEqu, equipaggio->num,
                                   taglia(r.tempo, equipaggio->asi, u"CO"_s)};
+        }
     }
     return lista;
 }

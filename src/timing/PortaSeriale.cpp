@@ -3,6 +3,7 @@
 #include "archive/PercorsoApp.h"
 #include "timing/Dispositivo.h"
 
+#include <cerrno>
 #include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QPointer>
@@ -55,7 +56,11 @@ bool attendiUscita(const QSerialPort& porta) {
             return false;
         QThread::msleep(1);
     }
-    return tcdrain(porta.handle()) == 0;
+    int esito = 0;
+    do {
+        esito = tcdrain(porta.handle());
+    } while (esito != 0 && errno == EINTR);
+    return esito == 0;
 #else
     Q_UNUSED(porta);
     return true;
@@ -79,13 +84,14 @@ QString dispositivoPorta(int numero) {
 #endif
 }
 
-PortaSeriale::PortaSeriale(Linea linea, QObject* padre) : Porta(padre) {
+PortaSeriale::PortaSeriale(Linea linea, QObject* padre) : Porta(padre), m_linea(linea) {
     m_porta.setBaudRate(static_cast<qint32>(linea));
     m_porta.setDataBits(QSerialPort::Data8);
     m_porta.setParity(QSerialPort::NoParity);
     m_porta.setStopBits(QSerialPort::OneStop);
     m_porta.setFlowControl(QSerialPort::NoFlowControl);
     connect(&m_porta, &QSerialPort::readyRead, this, &PortaSeriale::raccogli);
+    connect(this, &PortaSeriale::novita, this, &PortaSeriale::annuncia, Qt::QueuedConnection);
     connect(&m_porta, &QSerialPort::errorOccurred, this, &PortaSeriale::errore);
 }
 
@@ -151,9 +157,10 @@ bool PortaSeriale::scrivi(const QByteArray& dati) {
 
 void PortaSeriale::raccogli() {
     m_arrivati += m_porta.readAll();
-    if (!m_annunciata) {
-        m_annunciata = true;
-        QMetaObject::invokeMethod(this, &PortaSeriale::annuncia, Qt::QueuedConnection);
+    if (m_linea == Linea::Tabellone) {
+        m_arrivati.clear();  // output only
+    } else {
+        prenotaAnnuncio();
     }
 }
 
@@ -167,10 +174,12 @@ void PortaSeriale::errore(QSerialPort::SerialPortError errore) {
     // At once: a line that is gone repeats its error without end.
     m_porta.close();
     m_perduta = true;
-    if (!m_annunciata) {
-        m_annunciata = true;
-        QMetaObject::invokeMethod(this, &PortaSeriale::annuncia, Qt::QueuedConnection);
-    }
+    prenotaAnnuncio();
+}
+
+void PortaSeriale::prenotaAnnuncio() {
+    if (!std::exchange(m_annunciata, true))
+        Q_EMIT novita(QPrivateSignal());
 }
 
 void PortaSeriale::annuncia() {

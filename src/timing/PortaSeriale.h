@@ -19,11 +19,16 @@ public:
     QByteArray leggiTutto() override;
     bool scrivi(const QByteArray& dati) override;
 
+Q_SIGNALS:
+    void novita(QPrivateSignal);  // to itself, through the event loop
+
 private:
     void raccogli();
     void errore(QSerialPort::SerialPortError errore);
+    void prenotaAnnuncio();
     void annuncia();
 
+    Linea m_linea;
     QSerialPort m_porta;
     QByteArray m_arrivati;
     bool m_annunciata = false;  // a call of annuncia() is under way

@@ -45,13 +45,14 @@ QString Bersaglio::tipo() const {
     return testo.mid(LunghezzaPrefisso, 2);
 }
 
-QList<ProvaCronometrata> leggiProve(int idMan) {
+QList<ProvaCronometrata> leggiProveCronometrate(int idMan) {
     Statement query(u"SELECT IDPro,Tip,Nom,Tem,ConA FROM Prove WHERE IDMan_FK=? ORDER BY IDPro"_s);
     query.esegui({idMan});
     QList<ProvaCronometrata> prove;
-    while (query.prossima())
+    while (query.prossima()) {
         prove << ProvaCronometrata{query.intero(0), query.testo(1), query.testo(2), query.testo(3),
                                    query.intero(4)};
+    }
     return prove;
 }
 

@@ -27,7 +27,7 @@ struct Bersaglio {
 
 using Pressostato = QList<Bersaglio>;  // one to three, no two alike
 
-QList<ProvaCronometrata> leggiProve(int idMan);  // in their order
+QList<ProvaCronometrata> leggiProveCronometrate(int idMan);  // in their order
 QList<Pressostato> elencaPressostati(const QList<ProvaCronometrata>& prove);
 
 // What is wrong with a choice of switches, as the box "Impossibile Ricevere" says it; empty when nothing is.

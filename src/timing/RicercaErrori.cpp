@@ -19,10 +19,11 @@ class Conteggi final {
 public:
     explicit Conteggi(const QList<EquipaggioCronometrato>& equipaggi) {
         for (const EquipaggioCronometrato& equipaggio : equipaggi) {
-            if (const auto doppio = m_indice.find(equipaggio.num); doppio != m_indice.end())
+            if (const auto doppio = m_indice.find(equipaggio.num); doppio != m_indice.end()) {
                 m_righe[*doppio].equipaggio = nullptr;  // a number of two crews is nobody's
-            else
+            } else {
                 aggiungi(equipaggio.num, &equipaggio);
+            }
         }
     }
     Conteggio& di(int num) {
@@ -125,10 +126,11 @@ void scriviRicerca(const EsitoRicerca& esito) {
     esegui(u"DELETE FROM ErroriSca"_s);
     Statement errore(
         u"INSERT INTO ErroriSca (IDEqu_FK,Num,Equ,Vei,ErrTroTem,ErrPocTem,ErrIsc) VALUES (?,?,?,?,?,?,?)"_s);
-    for (const ErroreScarico& e : esito.errori)
+    for (const ErroreScarico& e : esito.errori) {
         errore.esegui({oNullo(e.idEqu), e.num, oNullo(e.equipaggio), oNullo(e.veicolo),
                        static_cast<int>(e.troppiTempi), static_cast<int>(e.pochiTempi),
                        static_cast<int>(e.nonIscritto)});
+    }
     esegui(u"DELETE FROM TempScar"_s);
     Statement scartato(u"INSERT INTO TempScar (Num,Tem) VALUES (?,?)"_s);
     for (const TempoScartato& t : esito.scartati)
@@ -141,9 +143,10 @@ QList<ErroreScarico> leggiErrori() {
         u"SELECT IDEqu_FK,Num,Equ,Vei,ErrIsc,ErrTroTem,ErrPocTem FROM ErroriSca ORDER BY rowid"_s);
     query.esegui();
     QList<ErroreScarico> errori;
-    while (query.prossima())
+    while (query.prossima()) {
         errori << ErroreScarico{query.intero(0), query.intero(1), query.testo(2), query.testo(3),
                                 query.vero(4),   query.vero(5),   query.vero(6)};
+    }
     return errori;
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "timing/Catene.h"
-#include "timing/Frame.h"
+#include "timing/CorsaOnLine.h"
 
 #include <functional>
+#include <optional>
 
 // Waits of an on-line run before the window goes on, in milliseconds. A test may shorten them.
 struct AtteseOnLine {
@@ -14,13 +15,13 @@ struct AtteseOnLine {
 inline AtteseOnLine AtteseRicezione;
 
 // One run, by one crew over one chain.
-struct CorsaOnLine {
+struct ParametriOnLine {
     Dispositivo dispositivo = Dispositivo::CP520;
     int idEqu = 0;
     int num = 0;
     Catena catena;
     QString precisione;                                         // of the skill tests, for the crew's class
-    std::function<QString(const QString& tempo)> taglia;        // to that precision
+    CorsaOnLine::Taglio taglia;                                 // to that precision
     std::function<std::optional<double>(int scarto)> penalita;  // of a deviation; nothing when it overflows
 };
 
@@ -68,7 +69,7 @@ public:
     };
     using Azioni = QList<Azione>;
 
-    explicit RicezioneOnLine(CorsaOnLine corsa);
+    explicit RicezioneOnLine(ParametriOnLine parametri);
 
     Azioni inizia();
     // Characters of the line; ignored once a wait has begun. Throws when a reading cannot be written: the
@@ -88,18 +89,17 @@ public:
 
 private:
     void partenza(Azioni& azioni);
-    void tempo(const FrameOnLine& frame, Azioni& azioni);
-    void mostraTempo(const QString& tempo, Azioni& azioni);
+    void tempo(const CorsaOnLine::Passo& passo, Azioni& azioni);
+    void mostraTempo(const CorsaOnLine::Passo& passo, Azioni& azioni);
     void fine(Azioni& azioni);
     void rifiuta(const QString& motivo, Azioni& azioni);
     void interrompi(Cosa motivo, Azioni& azioni);
     void salva(const std::function<void()>& scrittura, const QString& perduto);
 
-    CorsaOnLine m_corsa;
+    ParametriOnLine m_parametri;
     RicevitoreFrame m_ricevitore;
+    CorsaOnLine m_corsa;
     Stato m_stato = Stato::AttesaPartenza;
     Schermo m_schermo;
-    qsizetype m_ricevuti = 0;  // time frames
-    int m_precedente = 0;      // elapsed time of the last one, cut, in hundredths
     double m_totale = 0;
 };

@@ -61,19 +61,22 @@ QList<RecordScarico> leggiRecord(Dispositivo dispositivo, QByteArrayView flusso)
         if (fine == flusso.end())
             return record;
         const QByteArrayView riga(inizio, fine);
-        if (!riga.isEmpty() && riga.front() == formato.segno)
+        if (!riga.isEmpty() && riga.front() == formato.segno) {
             record << RecordScarico{valoreDecimale(riga, formato.numero),
                                     tempoInArchivio(riga, formato.tempo)};
+        }
         inizio = fine + 1;
     }
 }
 
 QByteArray frameAccettato() {
-    return conSomma("AK C\t");
+    static const QByteArray frame = conSomma("AK C\t");
+    return frame;
 }
 
 QByteArray frameRifiutato() {
-    return conSomma("AK F\t");
+    static const QByteArray frame = conSomma("AK F\t");
+    return frame;
 }
 
 QByteArray frameFine(const QString& manche) {

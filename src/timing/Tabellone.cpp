@@ -34,7 +34,7 @@ QByteArray frameTabellone(QStringView testo) {
     frame += Indirizzo;
     int scritte = 0;
     for (qsizetype i = 0; i < testo.size() && scritte < PosizioniTabellone; ++i, ++scritte) {
-        int byte = codice(testo[i]);
+        int byte = static_cast<unsigned char>(codice(testo[i]));
         if (!punto(testo[i]) && i + 1 < testo.size() && punto(testo[i + 1])) {
             byte += Punto;
             ++i;
@@ -67,12 +67,13 @@ QString tabellonePartito(int numero) {
 QString tabelloneParziale(int centesimi, const QString& precisione) {
     const int valore = std::abs(centesimi);  // an elapsed time may be less than the one before it
     QString testo;
-    if (precisione == "SEC"_L1)
+    if (precisione == "SEC"_L1) {
         testo = QString::number(valore / 100);
-    else if (precisione == "DEC"_L1)
+    } else if (precisione == "DEC"_L1) {
         testo = u"%1.%2"_s.arg(valore / 100).arg(valore % 100 / 10);
-    else if (precisione == "CEN"_L1)
+    } else if (precisione == "CEN"_L1) {
         testo = u"%1.%2"_s.arg(valore / 100).arg(valore % 100, 2, 10, QChar(u'0'));
+    }
     if (centesimi < 0 && !testo.isEmpty())
         testo.prepend(u'-');
     return testo.rightJustified(7);

@@ -2,6 +2,7 @@
 
 #include "common/Dialoghi.h"
 #include "common/Impostazioni.h"
+#include "timing/DialoghiScarico.h"
 #include "timing/Tabellone.h"
 #include "ui_frmOrologio.h"
 
@@ -164,7 +165,7 @@ void frmOrologio::perduto(Porta& porta) {
     if (&porta == m_commTab.get())
         fermaOrologio();
     annulla();
-    avverti(u"Errore"_s, porta.guasto().testo());
+    avvisaGuastoPorta(porta.guasto());
 }
 
 void frmOrologio::mostraAttesa(bool attesa) {

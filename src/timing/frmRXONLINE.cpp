@@ -1,7 +1,7 @@
 #include "timing/frmRXONLINE.h"
 
-#include "common/Dialoghi.h"
 #include "common/Valori.h"
+#include "timing/DialoghiScarico.h"
 #include "timing/Tabellone.h"
 #include "ui_frmRXONLINE.h"
 
@@ -35,11 +35,11 @@ QColor colore(RicezioneOnLine::Sfondo sfondo, const QColor& normale) {
 
 }  // namespace
 
-frmRXONLINE::frmRXONLINE(const CorsaOnLine& corsa, const QString& equipaggio, int cronometro, int tabellone,
-                         QWidget* padre)
+frmRXONLINE::frmRXONLINE(const ParametriOnLine& parametri, const QString& equipaggio, int cronometro,
+                         int tabellone, QWidget* padre)
     : Finestra(padre),
       m_ui(std::make_unique<Ui::frmRXONLINE>()),
-      m_ricezione(corsa),
+      m_ricezione(parametri),
       m_porta(FabbricaPorte::corrente().crea(Linea::Cronometro)) {
     m_ui->setupUi(this);
     m_ui->lblEqu->setText(equipaggio);
@@ -63,7 +63,7 @@ frmRXONLINE::~frmRXONLINE() = default;
 
 bool frmRXONLINE::inizia() {
     if (!m_porta->apri()) {
-        avverti(u"Errore"_s, m_porta->guasto().testo());
+        avvisaGuastoPorta(m_porta->guasto());
         return false;
     }
     esegui(m_ricezione.inizia());
@@ -132,14 +132,10 @@ void frmRXONLINE::esegui(const RicezioneOnLine::Azione& azione) {
             m_attesa.start(azione.millisecondi);
             break;
         case DatoErrato:
-            Dialoghi::corrente().messaggio(
-                u"ATTENZIONE!"_s,
-                u"E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
-                "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520."_s,
-                Icona::Stop);
+            avvisaDatoErrato();
             break;
         case PortaPerduta:
-            avverti(u"Errore"_s, m_porta->guasto().testo());
+            avvisaGuastoPorta(m_porta->guasto());
             break;
         case Chiudi:
             done(Accepted);

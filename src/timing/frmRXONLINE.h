@@ -19,7 +19,7 @@ class frmRXONLINE final : public Finestra {
 
 public:
     // `tabellone`: port of the scoreboard, 0 for none.
-    frmRXONLINE(const CorsaOnLine& corsa, const QString& equipaggio, int cronometro, int tabellone,
+    frmRXONLINE(const ParametriOnLine& parametri, const QString& equipaggio, int cronometro, int tabellone,
                 QWidget* padre = nullptr);
     Q_DISABLE_COPY_MOVE(frmRXONLINE)
     ~frmRXONLINE() override;

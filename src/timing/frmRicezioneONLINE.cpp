@@ -7,6 +7,7 @@
 #include "common/Valori.h"
 #include "scoring/Calcolo.h"
 #include "scoring/TagliaTempo.h"
+#include "timing/DialoghiScarico.h"
 #include "timing/frmClassificaDiProvaInTempoReale.h"
 #include "timing/frmRXONLINE.h"
 #include "timing/Porta.h"
@@ -49,7 +50,7 @@ bool provaPorta(Linea linea, int numero) {
     porta->impostaNumero(numero);
     if (porta->prova())
         return true;
-    avverti(u"Errore"_s, porta->guasto().testo());
+    avvisaGuastoPorta(porta->guasto());
     return false;
 }
 
@@ -205,25 +206,25 @@ void frmRicezioneONLINE::mostraTabellone() {
     m_ui->lblComTabellone->setText(m_tabellone == 0 ? QString() : u"(COM %1)"_s.arg(m_tabellone));
 }
 
-CorsaOnLine frmRicezioneONLINE::corsa() const {
+ParametriOnLine frmRicezioneONLINE::parametri() const {
     const EquipaggioElenco equipaggio = *m_ui->lstEq->corrente();
     const Impostazione impostazione = leggiImpostazione(IDMan);
     const bool asi = equipaggio.asi;
-    CorsaOnLine corsa;
-    corsa.dispositivo = static_cast<Dispositivo>(m_ui->cboChrono->currentIndex());
-    corsa.idEqu = equipaggio.idEqu;
-    corsa.num = equipaggio.num;
-    corsa.catena = m_catena;
-    corsa.precisione = parolaPrecisione(impostazione.taratura(asi, TipoProva::PA).precisione);
-    corsa.taglia = [impostazione, asi](const QString& tempo) {
+    ParametriOnLine dati;
+    dati.dispositivo = static_cast<Dispositivo>(m_ui->cboChrono->currentIndex());
+    dati.idEqu = equipaggio.idEqu;
+    dati.num = equipaggio.num;
+    dati.catena = m_catena;
+    dati.precisione = parolaPrecisione(impostazione.taratura(asi, TipoProva::PA).precisione);
+    dati.taglia = [impostazione, asi](const QString& tempo) {
         return tagliaTempo(impostazione, tempo, asi, TipoProva::PA);
     };
-    corsa.penalita = [impostazione, asi](int scarto) {
+    dati.penalita = [impostazione, asi](int scarto) {
         // A net time of 0, so that the whole of the imposed time is the deviation.
         return penalitaProva(impostazione, asi, {.tipo = TipoProva::PA, .imposto = scarto},
                              {.esiste = true, .manca = false});
     };
-    return corsa;
+    return dati;
 }
 
 void frmRicezioneONLINE::ricevi() {
@@ -235,7 +236,7 @@ void frmRicezioneONLINE::ricevi() {
     }
     if (!provaPorta(Linea::Cronometro, porta))
         return;
-    frmRXONLINE ricezione(corsa(), m_ui->lblEqu->text(), porta, m_tabellone, this);
+    frmRXONLINE ricezione(parametri(), m_ui->lblEqu->text(), porta, m_tabellone, this);
     if (ricezione.inizia())
         ricezione.exec();
     m_ui->griglia->ricarica();
@@ -258,7 +259,7 @@ void frmRicezioneONLINE::done(int esito) {
         const std::unique_ptr<Porta> commTab2 = FabbricaPorte::corrente().crea(Linea::Tabellone);
         commTab2->impostaNumero(m_tabellone);
         if (!AzzeraTabellone(*commTab2))
-            avverti(u"Errore"_s, commTab2->guasto().testo());
+            avvisaGuastoPorta(commTab2->guasto());
     }
     salvaImpostazioni();
     Finestra::done(esito);

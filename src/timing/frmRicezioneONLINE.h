@@ -38,7 +38,7 @@ private:
     [[nodiscard]] int chiediTabellone() const;
     void mostraTabellone();
     [[nodiscard]] int portaCronometro() const;
-    [[nodiscard]] CorsaOnLine corsa() const;
+    [[nodiscard]] ParametriOnLine parametri() const;
     void ricevi();
     void classifica();
 

@@ -31,7 +31,7 @@ frmSelezionaRXONLINE::frmSelezionaRXONLINE(QWidget* padre)
 frmSelezionaRXONLINE::~frmSelezionaRXONLINE() = default;
 
 void frmSelezionaRXONLINE::riempi() {
-    m_catene = elencaCatene(leggiProve(IDMan));
+    m_catene = elencaCatene(leggiProveCronometrate(IDMan));
     QList<QTreeWidgetItem*> radici;
     for (const Catena& catena : std::as_const(m_catene)) {
         radici << nodo(catena.first());

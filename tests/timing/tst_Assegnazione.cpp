@@ -129,7 +129,7 @@ void tst_Assegnazione::testiERuoli() {
     const int altra = IDMan;
     nuovaManifestazione();
     nuovaProva();
-    const QList<Pressostato> righe = elencaPressostati(leggiProve(altra));
+    const QList<Pressostato> righe = elencaPressostati(leggiProveCronometrate(altra));
     QCOMPARE(righe.size(), 3);
     QCOMPARE(righe[0][0].testo, "START  -> PA - Lungolago - 00:00:42");
     QCOMPARE(righe[1][0].testo, "ARRIVO -> PA - Lungolago - 00:00:42");
@@ -217,7 +217,7 @@ void tst_Assegnazione::bersagliETagli() {
     };
     const EsitoAssegnazione esito =
         assegnaTempi(leggi("3@10:00:01:00 4@10:00:02:00"), leggiEquipaggi(IDMan),
-                     {elencaPressostati(leggiProve(IDMan)).first()}, false, taglio);
+                     {elencaPressostati(leggiProveCronometrate(IDMan)).first()}, false, taglio);
     QCOMPARE(esito.validi, 2);
     QCOMPARE(esito.tempi.size(), 6);
     QStringList tempi;
@@ -255,7 +255,7 @@ void tst_Assegnazione::salva() {
     const int e2 = nuovoEquipaggio(2);
     scriviRilevamento(e1, prima, "09:00:00:00", "09:01:00:00", 5);
     scriviRilevamento(e2, seconda, "09:00:00:00", "09:01:00:00");
-    const QList<Pressostato> scelti = elencaPressostati(leggiProve(IDMan)).mid(1, 1);
+    const QList<Pressostato> scelti = elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1);
     QVERIFY(!ciSonoTempiRicevuti());
 
     // An empty time (no precision for the kind) and a crew that is not entered write nothing.
@@ -299,12 +299,12 @@ void tst_Assegnazione::salvaTuttoONiente() {
         {{prova, equ, 1, Ruolo::Start, "10:00:00:00"}, {prova, equ, 1, Ruolo::Arrivo, "10:01:00:00"}});
     esegui(
         "CREATE TRIGGER guasto BEFORE UPDATE OF TArr ON Rilevamenti BEGIN SELECT raise(ABORT,'guasto'); END");
-    QVERIFY_EXCEPTION_THROWN(salvaTempi(elencaPressostati(leggiProve(IDMan))), ErroreArchivio);
+    QVERIFY_EXCEPTION_THROWN(salvaTempi(elencaPressostati(leggiProveCronometrate(IDMan))), ErroreArchivio);
     QCOMPARE(contaRighe("TempRil"), 2);
     QCOMPARE(contaRighe("Rilevamenti", "TPar<>''"), 0);
     QCOMPARE(contaRighe("Prove", "Svo=1"), 0);
     esegui("DROP TRIGGER guasto");
-    salvaTempi(elencaPressostati(leggiProve(IDMan)));
+    salvaTempi(elencaPressostati(leggiProveCronometrate(IDMan)));
     QCOMPARE(contaRighe("Rilevamenti", "TPar='10:00:00:00' AND TArr='10:01:00:00'"), 1);
 }
 
@@ -319,7 +319,7 @@ void tst_Assegnazione::scaricoGrande() {
             nuovoEquipaggio(num);
         transazione.conferma();
     }
-    const QList<Pressostato> scelti = elencaPressostati(leggiProve(IDMan));
+    const QList<Pressostato> scelti = elencaPressostati(leggiProveCronometrate(IDMan));
     QCOMPARE(scelti.size(), 100);
     QByteArray flusso;
     for (int i = 0; i < 10000; ++i) {
@@ -389,8 +389,8 @@ void tst_Assegnazione::ricercaNellArchivio() {
     // A crew that is not entered takes the class of each target's kind.
     const EsitoRicerca esito =
         ricercaErrori(leggi("9@10:00:01:00 1@10:00:02:00 1@10:00:03:00 @10:00:04:00 4@10:00:05:00"),
-                      leggiEquipaggi(IDMan), elencaPressostati(leggiProve(IDMan)).mid(1, 1), false, taglio,
-                      [](const QString& tipo) { return tipo == "PM"; });
+                      leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1),
+                      false, taglio, [](const QString& tipo) { return tipo == "PM"; });
     for (int volta = 0; volta < 2; ++volta)  // the second replaces the first
         scriviRicerca(esito);
 

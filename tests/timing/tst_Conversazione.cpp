@@ -1,4 +1,6 @@
 #include "supporto/PorteDiProva.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "timing/DialoghiScarico.h"
 #include "timing/Scaricamento.h"
 #include "timing/Scarico.h"
 
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void fermaDaOvunque_data();
     void fermaDaOvunque();
     void gestoreCheFerma();
+    void scatole();
 };
 
 namespace {
@@ -328,6 +331,39 @@ void tst_Conversazione::gestoreCheFerma() {
     fabbrica.ultima()->arriva(frameAccettato() + Dati + frameFine("7"));
     QCOMPARE(finiti, 0);
     QCOMPARE(scaricamento->stato(), Stato::Ferma);
+}
+
+void tst_Conversazione::scatole() {
+    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    const QString titolo = "Inserimento Numero della Manche da Scaricare";
+    const QString domanda = "Numero della Manche da Scaricare";
+    DialoghiDiProva& dialoghi = programma.dialoghi;
+    for (const char* errata : {"100", "sette", " "}) {
+        dialoghi.attendiChiedi(titolo, domanda, errata);
+        dialoghi.attendiMessaggio("Attenzione", "Numero di Manche NON Corretto");
+    }
+    dialoghi.attendiChiedi(titolo, domanda, "07");
+    QCOMPARE(chiediManche(), "07");
+    dialoghi.attendiChiedi(titolo, domanda, "");
+    QCOMPARE(chiediManche(), std::nullopt);
+    dialoghi.attendiChiedi(titolo, domanda, std::nullopt);
+    QCOMPARE(chiediManche(), std::nullopt);
+
+    dialoghi.attendiMessaggio("Impossibile Ricevere i Tempi", "Numero di Manche Errato");
+    avvisaMancheErrata();
+    dialoghi.attendiMessaggio("Errore di Comunicazione",
+                              "Nessuna Risposta Ricevuta dal CP540.\n"
+                              "Controllare I Collegamenti e Quindi Riprovare.");
+    avvisaNessunaRisposta();
+    dialoghi.attendiMessaggio("Errore", "Errore n. : 1 - Porta Inesistente");
+    avvisaGuastoPorta({1, "Porta Inesistente"});
+    dialoghi.attendiMessaggio(
+        "ATTENZIONE!",
+        QStringLiteral("E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
+                       "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520."),
+        Icona::Stop);
+    avvisaDatoErrato();
+    QVERIFY(dialoghi.finite());
 }
 
 QTEST_GUILESS_MAIN(tst_Conversazione)

@@ -92,7 +92,7 @@ QColor sfondo(const QWidget& finestra) {
 }
 
 Catena catenaAttiva(int quale = 0) {
-    return elencaCatene(leggiProve(IDMan))[quale];
+    return elencaCatene(leggiProveCronometrate(IDMan))[quale];
 }
 
 // Runs once a window of that class is the active one.

@@ -38,7 +38,7 @@ private Q_SLOTS:
 
 private:
     // A crew and a chain of so many tests of one minute; one point a hundredth.
-    CorsaOnLine corsaDi(int prove, Dispositivo dispositivo = Dispositivo::CP520);
+    ParametriOnLine corsaDi(int prove, Dispositivo dispositivo = Dispositivo::CP520);
     [[nodiscard]] QStringList letture() const;
 
     std::unique_ptr<ProgrammaDiProva> m_programma;
@@ -133,16 +133,16 @@ void tst_RicezioneOnLine::init() {
     nuovaManifestazione();
 }
 
-CorsaOnLine tst_RicezioneOnLine::corsaDi(int prove, Dispositivo dispositivo) {
+ParametriOnLine tst_RicezioneOnLine::corsaDi(int prove, Dispositivo dispositivo) {
     int precedente = 0;
     for (int i = 1; i <= prove; ++i)
         precedente = nuovaProva({{"Nom", QString("PA%1").arg(i)}, {"ConA", precedente}});
     m_idEqu = nuovoEquipaggio(7);
-    CorsaOnLine corsa;
+    ParametriOnLine corsa;
     corsa.dispositivo = dispositivo;
     corsa.idEqu = m_idEqu;
     corsa.num = 7;
-    corsa.catena = elencaCatene(leggiProve(IDMan)).last();
+    corsa.catena = elencaCatene(leggiProveCronometrate(IDMan)).last();
     corsa.precisione = "CEN";
     corsa.taglia = [](const QString& tempo) { return tempo; };
     corsa.penalita = [](int scarto) { return std::optional<double>(scarto); };
@@ -216,6 +216,7 @@ void tst_RicezioneOnLine::corsa() {
     QFETCH(QStringList, azioni);
     // Both devices speak of the same things.
     for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
+        m_programma.reset();
         init();
         RicezioneOnLine ricezione(corsaDi(prove, dispositivo));
         QCOMPARE(racconta(ricezione, ricezione.inizia()),
@@ -250,7 +251,7 @@ void tst_RicezioneOnLine::precisione() {
     QFETCH(QString, parola);
     QFETCH(QString, taglio);
     QFETCH(QString, tabellone);
-    CorsaOnLine corsa = corsaDi(1);
+    ParametriOnLine corsa = corsaDi(1);
     corsa.precisione = parola;
     corsa.taglia = [&](const QString& tempo) {
         return tempo == "00:01:02:34" ? taglio : QString("not what was measured");
@@ -325,7 +326,7 @@ void tst_RicezioneOnLine::catenaLunga() {
 
 // When the penalty is asked for, and so before anything is shown, another connection reads the new times.
 void tst_RicezioneOnLine::primaInArchivio() {
-    CorsaOnLine corsa = corsaDi(2);
+    ParametriOnLine corsa = corsaDi(2);
     QStringList viste;
     corsa.penalita = [&](int scarto) {
         Statement query("SELECT TPar,TArr FROM Rilevamenti ORDER BY IDPro_FK", ConnShape());
@@ -342,7 +343,7 @@ void tst_RicezioneOnLine::primaInArchivio() {
 // The arrival and the next start are written together or not at all, and the operator gets the time to write
 // down.
 void tst_RicezioneOnLine::archivioRifiuta() {
-    const CorsaOnLine corsa = corsaDi(3);
+    const ParametriOnLine corsa = corsaDi(3);
     esegui(QString("CREATE TRIGGER pieno BEFORE UPDATE OF TPar ON Rilevamenti WHEN NEW.IDPro_FK=%1 BEGIN "
                    "SELECT RAISE(ABORT,'disco pieno'); END")
                .arg(corsa.catena[2].idPro));
@@ -364,7 +365,7 @@ void tst_RicezioneOnLine::archivioRifiuta() {
 }
 
 void tst_RicezioneOnLine::rigaMancante() {
-    const CorsaOnLine corsa = corsaDi(2);
+    const ParametriOnLine corsa = corsaDi(2);
     esegui("DELETE FROM Rilevamenti");
     RicezioneOnLine ricezione(corsa);
     racconta(ricezione, corsa.dispositivo, "S T6234 T12000");

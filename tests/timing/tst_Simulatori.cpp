@@ -103,7 +103,7 @@ void tst_Simulatori::scarico() {
     QFETCH(int, dispositivo);
     QFETCH(int, pezzo);
     const auto quale = static_cast<Dispositivo>(dispositivo);
-    AtteseLinea.silenzioCP520 = 200;
+    AtteseLinea.silenzioCP520 = 1000;
     PseudoTerminale linea(PercorsoApp, 2);
     SimulatoreTag tag(quale, linea);
     tag.spezza(pezzo, 1);
@@ -177,7 +177,7 @@ void tst_Simulatori::onLine() {
 }
 
 void tst_Simulatori::silenzioAMeta() {
-    AtteseLinea.rispostaCP540 = 100;
+    AtteseLinea.rispostaCP540 = 500;
     PseudoTerminale linea(PercorsoApp, 1);
     SimulatoreTag tag(Dispositivo::CP540, linea);
     tag.registra(1, QTime(10, 0));
@@ -189,6 +189,7 @@ void tst_Simulatori::silenzioAMeta() {
     QVERIFY(scaricamento.inizia(Dispositivo::CP540, 1));
     QTRY_COMPARE(nessuna.size(), 1);
     QTRY_VERIFY(!linea.aperto());
+    nessuna.clear();
 
     // Silent after the accepted frame, or with the end frame of another heat: receiving until it is stopped.
     tag.setMuto(false);
@@ -200,7 +201,7 @@ void tst_Simulatori::silenzioAMeta() {
         QTRY_COMPARE(richiesta.size(), 1);
         scaricamento.manche("1");
         QTRY_COMPARE(scaricamento.stato(), Conversazione::Stato::Ricezione);
-        QVERIFY(!nessuna.wait(200));
+        QVERIFY(!nessuna.wait(600));
         QCOMPARE(scaricamento.stato(), Conversazione::Stato::Ricezione);
         scaricamento.ferma();
         QTRY_VERIFY(!linea.aperto());
@@ -269,15 +270,16 @@ void tst_Simulatori::programmaTag() {
 }
 
 void tst_Simulatori::programmaTabellone() {
-    Processo tabellone(SIMULATORE_TABELLONE,
-                       {"--programma", PercorsoApp, "--com", "2",
-                        copione("attendi testo \"PAR  7\"\nattendi testo \"  62.34\"\nfine\n")});
+    Processo tabellone(
+        SIMULATORE_TABELLONE,
+        {"--programma", PercorsoApp, "--com", "2",
+         copione("attendi testo \"PAR  7\"\nattendi testo \"  62.34\"\nattendi chiusura\nfine\n")});
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com2"), Attesa);
     const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Tabellone);
     porta->impostaNumero(2);
-    QVERIFY(AzzeraTabellone(*porta));
-    QVERIFY(InviaTabellone(*porta, tabellonePronto(7)));
-    QVERIFY(InviaTabellone(*porta, tabelloneParziale(6234, "CEN")));
+    QVERIFY2(AzzeraTabellone(*porta), qPrintable(porta->guasto().testo()));
+    QVERIFY2(InviaTabellone(*porta, tabellonePronto(7)), qPrintable(porta->guasto().testo()));
+    QVERIFY2(InviaTabellone(*porta, tabelloneParziale(6234, "CEN")), qPrintable(porta->guasto().testo()));
     QTRY_VERIFY_WITH_TIMEOUT(tabellone.finito(), Attesa);
     QCOMPARE(tabellone.codice(), 0);
     QCOMPARE(tabellone.uscita(), "[      ]\n[PAr  7]\n[  62.34]\n");

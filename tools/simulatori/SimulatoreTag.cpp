@@ -130,10 +130,11 @@ void SimulatoreTag::ricevi(const QByteArray& dati) {
 
 void SimulatoreTag::rispondi(const QByteArray& comando) {
     constexpr QByteArrayView Scarica("#DL_");
-    if (comando == "#ID\t")
+    if (comando == "#ID\t") {
         invia("SN " + m_serie.leftJustified(5, u' ', true).toLatin1() + " TAG CP540\r\n" + frameAccettato());
-    else if (comando.startsWith(Scarica) && comando.endsWith('\t'))
+    } else if (comando.startsWith(Scarica) && comando.endsWith('\t')) {
         inviaManche(comando.sliced(Scarica.size()).chopped(1));
+    }
 }
 
 void SimulatoreTag::inviaManche(const QByteArray& manche) {

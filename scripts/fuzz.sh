@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Builds the fuzz targets and runs each: scripts/fuzz.sh [seconds, 10] [inputs, without limit of time].
+# The corpora grow in build/fuzz/corpus, seeded from the recorded streams; a finding ends the run and stays in
+# build/fuzz/findings.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+limits=(-max_total_time="${1:-10}")
+[ $# -lt 2 ] || limits=(-runs="$2")
+
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz
+mkdir -p build/fuzz/findings
+for target in online scarico520 scarico540 identita; do
+  corpus=build/fuzz/corpus/$target
+  log=build/fuzz/$target.log
+  mkdir -p "$corpus"
+  cp tests/timing/flussi/"$target"*.flusso "$corpus"
+  if ! build/fuzz/fuzz/fuzz_$target "${limits[@]}" -max_len=4096 -timeout=10 -dict=fuzz/tag.dict \
+    -artifact_prefix=build/fuzz/findings/"$target"- -print_final_stats=1 -verbosity=0 "$corpus" >"$log" 2>&1; then
+    cat "$log"
+    echo "fuzz_$target: a finding, kept in build/fuzz/findings"
+    exit 1
+  fi
+  echo "fuzz_$target: $(sed -n 's/^stat::number_of_executed_units: //p' "$log") inputs without a finding"
+done
