@@ -35,20 +35,14 @@ RicezioneOnLine::Azioni RicezioneOnLine::inizia() {
             {Cosa::Tabellone, tabellonePronto(m_parametri.num)}};
 }
 
-RicezioneOnLine::Azioni RicezioneOnLine::ricevuti(QByteArrayView caratteri) {
-    Azioni azioni;
-    if (!riceve())
-        return azioni;
-    for (const FrameOnLine& frame : m_ricevitore.aggiungi(caratteri)) {
-        azioni += ricevuto(frame);
-        if (!riceve())
-            break;
-    }
-    return azioni;
+QList<FrameOnLine> RicezioneOnLine::ricevuti(QByteArrayView caratteri) {
+    return riceve() ? m_ricevitore.aggiungi(caratteri) : QList<FrameOnLine>();
 }
 
 RicezioneOnLine::Azioni RicezioneOnLine::ricevuto(const FrameOnLine& frame) {
     Azioni azioni;
+    if (!riceve())
+        return azioni;
     if (frame.tipo != TipoFrame::Partenza && frame.tipo != TipoFrame::Tempo) {
         // A guard: no frame of another kind passes the receiver.
         m_schermo.sfondo = Sfondo::Rosso;
@@ -100,9 +94,12 @@ void RicezioneOnLine::tempo(const CorsaOnLine::Passo& passo, Azioni& azioni) {
         u"Il tempo %1 dell'equipaggio n. %2 sulla prova \"%3\" NON è stato salvato.\nScriverlo a mano."_s.arg(
             passo.tempo, QString::number(m_parametri.num), prova.nom));
     azioni << Azione{Cosa::AzzeraCronometro} << Azione{Cosa::Suona};
+    m_schermo.arrestoPossibile = !ultimo;
     mostraTempo(passo, azioni);
-    if (ultimo)
-        fine(azioni);
+    if (ultimo) {
+        m_stato = Stato::FineProva;
+        azioni << Azione{Cosa::FermaCronometro} << Azione{Cosa::Attendi, {}, AtteseRicezione.fineProva};
+    }
 }
 
 void RicezioneOnLine::mostraTempo(const CorsaOnLine::Passo& passo, Azioni& azioni) {
@@ -119,13 +116,6 @@ void RicezioneOnLine::mostraTempo(const CorsaOnLine::Passo& passo, Azioni& azion
         u"TEMPO IMPOSTO : %1\nPENALITA' : %2"_s.arg(imposto, penalita ? treDecimali(*penalita) : u"?????"_s);
     azioni << Azione{Cosa::Mostra}
            << Azione{Cosa::Tabellone, tabelloneParziale(passo.parziale, m_parametri.precisione)};
-}
-
-void RicezioneOnLine::fine(Azioni& azioni) {
-    m_stato = Stato::FineProva;
-    m_schermo.arrestoPossibile = false;
-    azioni << Azione{Cosa::FermaCronometro} << Azione{Cosa::Mostra}
-           << Azione{Cosa::Attendi, {}, AtteseRicezione.fineProva};
 }
 
 void RicezioneOnLine::rifiuta(const QString& motivo, Azioni& azioni) {

@@ -72,9 +72,10 @@ public:
     explicit RicezioneOnLine(ParametriOnLine parametri);
 
     Azioni inizia();
-    // Characters of the line; ignored once a wait has begun. Throws when a reading cannot be written: the
-    // run is over then, and the text holds the time that was lost.
-    Azioni ricevuti(QByteArrayView caratteri);
+    // The frames that these characters complete; none once a wait has begun.
+    QList<FrameOnLine> ricevuti(QByteArrayView caratteri);
+    // One of them, in order; nothing when the run is over by then. Throws when a reading cannot be written:
+    // the run is over, and the text holds the time that was lost.
     Azioni ricevuto(const FrameOnLine& frame);
     Azioni attesaFinita();
     Azioni ferma();    // cmdArrestaRicezione; nothing during a wait
@@ -91,7 +92,6 @@ private:
     void partenza(Azioni& azioni);
     void tempo(const CorsaOnLine::Passo& passo, Azioni& azioni);
     void mostraTempo(const CorsaOnLine::Passo& passo, Azioni& azioni);
-    void fine(Azioni& azioni);
     void rifiuta(const QString& motivo, Azioni& azioni);
     void interrompi(Cosa motivo, Azioni& azioni);
     void salva(const std::function<void()>& scrittura, const QString& perduto);

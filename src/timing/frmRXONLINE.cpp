@@ -81,9 +81,13 @@ void frmRXONLINE::done(int esito) {
 }
 
 void frmRXONLINE::ricevi() {
-    const QByteArray caratteri = m_porta->leggiTutto();
+    const QPointer<frmRXONLINE> viva(this);  // a box lets other events run
     try {
-        esegui(m_ricezione.ricevuti(caratteri));
+        for (const FrameOnLine& frame : m_ricezione.ricevuti(m_porta->leggiTutto())) {
+            esegui(m_ricezione.ricevuto(frame));
+            if (!viva)
+                return;
+        }
     } catch (...) {
         // The archive has refused a reading: the run is over, the box comes from the top.
         inviaAlTabellone(TabelloneErrore);
@@ -93,7 +97,7 @@ void frmRXONLINE::ricevi() {
 }
 
 void frmRXONLINE::esegui(const RicezioneOnLine::Azioni& azioni) {
-    const QPointer<frmRXONLINE> viva(this);  // a box lets other events run
+    const QPointer<frmRXONLINE> viva(this);
     for (const RicezioneOnLine::Azione& azione : azioni) {
         esegui(azione);
         if (!viva)

@@ -59,7 +59,7 @@ bool provaPorta(Linea linea, int numero) {
 frmRicezioneONLINE::frmRicezioneONLINE(const Catena& catena, QWidget* padre)
     : Finestra(padre), m_ui(std::make_unique<Ui::frmRicezioneONLINE>()), m_catena(catena) {
     m_ui->setupUi(this);
-    m_ui->divisore->setSizes({430, 730});
+    m_ui->divisore->setSizes({400, 780});
     QStringList nomi;
     for (const ProvaCronometrata& prova : catena)
         nomi << prova.nom + u' ' + prova.tem;
