@@ -16,8 +16,10 @@ while IFS=: read -r file _ include; do
   [ -n "${floor[$other]:-}" ] || { echo "$file: unknown room of $target"; failed=1; continue; }
   [ "$room" = "$other" ] && continue
   [ "${floor[$other]}" -lt "${floor[$room]}" ] && continue
-  # The windows of timing show penalties and readings; its other files know neither.
-  [[ $file == timing/frm* ]] && [[ $other == scoring || $other == correction ]] && continue
+  # The windows of timing and correction stand on one floor and open each other; those of timing use scoring.
+  case $room/${file##*/}:$target in
+    timing/frm*:correction/* | correction/frm*:timing/frm* | timing/frm*:scoring/* | timing/Finestra*:scoring/*) continue ;;
+  esac
   case $room in scoring | entries | correction) [[ $target =~ $entry_points ]] && continue ;; esac
   echo "$file includes $target: not a lower floor"
   failed=1
