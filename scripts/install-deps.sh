@@ -9,7 +9,7 @@ packages=(
   # running
   libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra
   # checking and measuring
-  clang-format clang-tidy clang libclang-rt-14-dev libbenchmark-dev libsqlite3-dev poppler-utils
+  clang-format clang-tidy clang libclang-rt-14-dev libbenchmark-dev libsqlite3-dev poppler-utils xvfb
 )
 
 missing=()

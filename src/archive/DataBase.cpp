@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
+#include <QtEndian>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -93,15 +94,41 @@ void scriviTabelle(const QSqlDatabase& db, int primaDelPasso) {
     transazione.conferma();
 }
 
-QString difettoInterno(const QString& percorso) {
-    const ConnessioneTemporanea connessione(percorso);
-    Statement identificativo(u"PRAGMA application_id"_s, connessione.db());
-    if (!identificativo.esegui().prossima() || identificativo.intero(0) != IdentificativoArchivio)
+constexpr int InizioIdentificativo = 68;  // in the file's header, four bytes, the highest first
+
+// What can be told without the engine, which must not touch a file that is not ours.
+QString difettoDelFile(const QString& percorso) {
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly))
+        return u"non si può leggere (%1)"_s.arg(file.errorString());
+    const QByteArray testata = file.read(InizioIdentificativo + 4);
+    if (testata.isEmpty())
+        return u"è vuoto"_s;
+    if (!testata.startsWith(QByteArray("SQLite format 3", 16)))
+        return u"non è un archivio"_s;
+    if (testata.size() < InizioIdentificativo + 4)
+        return u"è danneggiato (la testata è incompleta)"_s;
+    if (qFromBigEndian<qint32>(testata.constData() + InizioIdentificativo) != IdentificativoArchivio)
         return u"è un archivio di un altro programma"_s;
-    Statement controllo(u"PRAGMA quick_check(1)"_s, connessione.db());
-    if (!controllo.esegui().prossima() || controllo.testo(0) != QLatin1String("ok"))
-        return u"è danneggiato (%1)"_s.arg(controllo.testo(0));
     return {};
+}
+
+QString difettoInterno(const QSqlDatabase& connessione) {
+    try {
+        Statement controllo(u"PRAGMA quick_check(1)"_s, connessione);
+        if (controllo.esegui().prossima() && controllo.testo(0) == u"ok")
+            return {};
+        return u"è danneggiato (%1)"_s.arg(controllo.testo(0));
+    } catch (const ErroreArchivio& errore) {
+        return u"non si può usare. %1"_s.arg(errore.testo());
+    }
+}
+
+void rifiuta(const QString& difetto) {
+    throw ErroreArchivio(
+        u"Il file dell'archivio\n%1\n%2.\n\nIl file non è stato toccato. Spostarlo, "
+        "oppure rimettere al suo posto l'ultima copia della cartella Backup."_s.arg(percorsoArchivio(),
+                                                                                    difetto));
 }
 
 }  // namespace
@@ -119,20 +146,8 @@ QSqlDatabase ConnShape() {
 }
 
 QString difettoArchivio(const QString& percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly))
-        return u"non si può leggere (%1)"_s.arg(file.errorString());
-    const QByteArray inizio = file.read(16);
-    file.close();
-    if (inizio.isEmpty())
-        return u"è vuoto"_s;
-    if (inizio != QByteArray("SQLite format 3", 16))
-        return u"non è un archivio"_s;
-    try {
-        return difettoInterno(percorso);
-    } catch (const ErroreArchivio& errore) {
-        return u"non si può usare. %1"_s.arg(errore.testo());
-    }
+    const QString difetto = difettoDelFile(percorso);
+    return difetto.isEmpty() ? difettoInterno(ConnessioneTemporanea(percorso).db()) : difetto;
 }
 
 void creaArchivio(const QString& percorso, int primaDelPasso) {
@@ -165,12 +180,8 @@ void PreparaArchivio() {
         creaArchivio(percorso);
         return;
     }
-    const QString difetto = difettoArchivio(percorso);
-    if (!difetto.isEmpty()) {
-        throw ErroreArchivio(
-            u"Il file dell'archivio\n%1\n%2.\n\nIl file non è stato toccato. Spostarlo, "
-            "oppure rimettere al suo posto l'ultima copia della cartella Backup."_s.arg(percorso, difetto));
-    }
+    if (const QString difetto = difettoDelFile(percorso); !difetto.isEmpty())
+        rifiuta(difetto);
     // The engine needs the folder too: its journal stands beside the file.
     if (!file.isWritable() || !QFileInfo(file.path()).isWritable()) {
         throw ErroreArchivio(
@@ -182,6 +193,11 @@ void PreparaArchivio() {
 void ApriDataBase() {
     apri(NomeConn);
     apri(NomeConnShape);
+}
+
+void VerificaArchivio() {
+    if (const QString difetto = difettoInterno(Conn()); !difetto.isEmpty())
+        rifiuta(difetto);
 }
 
 void ChiudiDataBase() {

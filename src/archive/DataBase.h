@@ -13,9 +13,11 @@ QString percorsoArchivio();
 QSqlDatabase Conn();       // all reads and writes
 QSqlDatabase ConnShape();  // the parent-and-children queries of the reports
 
-// At start: makes a new archive when the file is missing, and refuses a file that is not an archive of ours,
-// is damaged or cannot be written. A refused file is left as it is.
+// At start, before the connections open: makes a new archive when the file is missing, and refuses a file
+// that is not an archive of ours or cannot be written. Once they are open, VerificaArchivio refuses one that
+// is damaged. A refused file is left as it is.
 void PreparaArchivio();
+void VerificaArchivio();
 
 void ApriDataBase();
 void ChiudiDataBase();

@@ -87,4 +87,5 @@ Transazione::~Transazione() {
 void Transazione::conferma() {
     Statement(u"COMMIT"_s, m_connessione).esegui();
     m_aperta = false;
+    m_connessione = QSqlDatabase();  // the connection may be closed while this object is still in scope
 }

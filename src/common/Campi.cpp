@@ -30,8 +30,8 @@ QString valoreMascherato(const QLineEdit* campo, Maschera maschera) {
 
 ControlliUscita::ControlliUscita(QWidget* finestra) : QObject(finestra), m_finestra(finestra) {}
 
-void ControlliUscita::aggiungi(QLineEdit* campo, Verifica verifica) {
-    m_verifiche.insert(campo, std::move(verifica));
+void ControlliUscita::aggiungi(QLineEdit* campo, const Verifica& verifica) {
+    m_verifiche.insert(campo, verifica);
     campo->installEventFilter(this);
 }
 

@@ -24,7 +24,7 @@ public:
 
     explicit ControlliUscita(QWidget* finestra);
 
-    void aggiungi(QLineEdit* campo, Verifica verifica);
+    void aggiungi(QLineEdit* campo, const Verifica& verifica);
     // Masks the field; leaving it with what is no date or time beeps, anything else is written in full.
     void aggiungiMascherato(QLineEdit* campo, Maschera maschera);
 

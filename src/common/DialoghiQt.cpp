@@ -8,6 +8,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QMessageBox::Icon icona(Icona quale) {
@@ -26,10 +28,25 @@ QMessageBox::Icon icona(Icona quale) {
     return QMessageBox::NoIcon;
 }
 
+constexpr qsizetype MassimoRighe = 20;
+
+// A list of crews can be longer than the screen: the box shows its beginning, the rest is one click away.
+void scriviTesto(QMessageBox& scatola, const QString& testo) {
+    const QStringList righe = testo.trimmed().split(u'\n');
+    if (righe.size() <= MassimoRighe) {
+        scatola.setText(testo);
+        return;
+    }
+    scatola.setText(righe.first(MassimoRighe).join(u'\n') +
+                    u"\n... (altre %1 righe)"_s.arg(righe.size() - MassimoRighe));
+    scatola.setDetailedText(testo);
+}
+
 int mostra(const QString& titolo, const QString& testo, Icona quale, QMessageBox::StandardButtons pulsanti) {
     const CursoreNormale cursore;
-    QMessageBox scatola(icona(quale), titolo, testo, pulsanti, QApplication::activeWindow());
+    QMessageBox scatola(icona(quale), titolo, {}, pulsanti, QApplication::activeWindow());
     scatola.setTextFormat(Qt::PlainText);  // typed texts may hold "<"
+    scriviTesto(scatola, testo);
     return scatola.exec();
 }
 

@@ -2,15 +2,18 @@
 
 #include "common/Subroutine.h"
 
+#include <algorithm>
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 
 namespace {
 
@@ -38,6 +41,17 @@ bool invioComeTab(QObject* oggetto, const QKeyEvent& tasto) {
     return true;
 }
 
+// A click in the middle of a blank mask would leave its first places out.
+void vaiAlPrimoPosto(QLineEdit* box) {
+    if (box->inputMask().isEmpty())
+        return;
+    QTimer::singleShot(0, box, [box] {
+        const QString testo = box->text();
+        if (std::ranges::none_of(testo, [](QChar c) { return c.isDigit(); }))
+            box->setCursorPosition(0);
+    });
+}
+
 }  // namespace
 
 Finestra::Finestra(QWidget* padre) : QDialog(padre) {
@@ -57,6 +71,8 @@ void Finestra::preparaCampi() {
             controllo->installEventFilter(this);
         if (auto* pulsante = qobject_cast<QPushButton*>(controllo))
             pulsante->setAutoDefault(false);
+        if (auto* combo = qobject_cast<QComboBox*>(controllo))
+            combo->setFocusPolicy(Qt::StrongFocus);
     }
 }
 
@@ -81,6 +97,8 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
         case QEvent::FocusIn:
             if (campo(oggetto))
                 EvidenziaCampo(controllo);
+            if (auto* box = qobject_cast<QLineEdit*>(oggetto))
+                vaiAlPrimoPosto(box);
             break;
         case QEvent::FocusOut:
             if (campo(oggetto))
@@ -89,6 +107,13 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
         case QEvent::KeyPress:
             if (invioComeTab(oggetto, static_cast<QKeyEvent&>(*evento)))
                 return true;
+            break;
+        case QEvent::Wheel:
+            // Turned to look further down, it must not change a choice on the way.
+            if (qobject_cast<QComboBox*>(oggetto) && !controllo->hasFocus()) {
+                evento->ignore();
+                return true;
+            }
             break;
         case QEvent::KeyRelease:
             if (const QString tabella = oggetto->property(Tabella).toString(); !tabella.isEmpty()) {
@@ -111,4 +136,12 @@ void Finestra::keyPressEvent(QKeyEvent* evento) {
         pulsante->click();
     else
         QDialog::keyPressEvent(evento);
+}
+
+void Finestra::closeEvent(QCloseEvent* evento) {
+    // Refused until done: when what a window does on closing throws, it stays with all that was typed.
+    evento->ignore();
+    QDialog::closeEvent(evento);
+    if (!isVisible())
+        evento->accept();
 }

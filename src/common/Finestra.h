@@ -26,6 +26,7 @@ protected:
 
     void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
 
 private:
     bool m_centrata = false;

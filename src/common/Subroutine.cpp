@@ -14,6 +14,7 @@
 namespace {
 
 const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
+const QColor SfondoSelezione(0x00, 0x00, 0x80);  // stands out on the field's blue too
 
 void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
     QPalette colori = campo->palette();
@@ -21,14 +22,20 @@ void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
         colori.setColor(ruolo, sfondo);
     for (const QPalette::ColorRole ruolo : {QPalette::Text, QPalette::ButtonText})
         colori.setColor(ruolo, testo);
+    colori.setColor(QPalette::Highlight, SfondoSelezione);
+    colori.setColor(QPalette::HighlightedText, Qt::white);
     campo->setPalette(colori);
 }
 
 class ValidatoreTasti final : public QValidator {
 public:
-    ValidatoreTasti(Filtro filtro, QObject* padre) : QValidator(padre), m_filtro(filtro) {}
+    ValidatoreTasti(Filtro filtro, QLineEdit* campo) : QValidator(campo), m_campo(campo), m_filtro(filtro) {}
 
     State validate(QString& testo, int& cursore) const override {
+        // What the archive holds is shown as it is: shown without its other signs it would be written back
+        // so.
+        if (!m_campo->isModified())
+            return Acceptable;
         const auto rifiutato = [this](QChar c) {
             int tasto = c.unicode();
             return (m_filtro == Filtro::Cifre ? FiltroCifre(tasto) : FiltroCifreVirgola(tasto)) == 0;
@@ -40,6 +47,7 @@ public:
     }
 
 private:
+    const QLineEdit* m_campo;
     Filtro m_filtro;
 };
 
@@ -71,6 +79,10 @@ void ApriDocumento(const QString& documento) {
 void CompletaTesto(QLineEdit* campo, const QString& tabella, const QString& colonna, int tasto) {
     const QString testo = campo->text();
     if (tasto == Qt::Key_Backspace || tasto == Qt::Key_Delete || testo.isEmpty())
+        return;
+    // A proposal that still stands: the key let go was Shift, Tab or the one before the last, as when typing
+    // fast.
+    if (campo->hasSelectedText() && campo->selectionEnd() == testo.size())
         return;
     const std::optional<QString> completo = primoCompletamento(tabella, colonna, testo);
     if (!completo)

@@ -21,10 +21,12 @@ bool FinestraCaricata(const QString& nome);
 void ApriDocumento(const QString& documento);
 
 // Type-ahead, after a key has been released (`tasto`: Qt::Key): the first value of the column that begins
-// with the text goes into the box in upper case, its tail selected so that typing on overwrites it.
+// with the text goes into the box in upper case, its tail selected so that typing on overwrites it. Nothing
+// happens while the tail of the box is selected.
 void CompletaTesto(QLineEdit* campo, const QString& tabella, const QString& colonna, int tasto);
 
-// Keeps a box to what a key filter lets through, for keys and for pasted text (which loses the rest).
+// Keeps a box to what a key filter lets through, for keys and for pasted text (which loses the rest). A text
+// set by the program stays as it is until the user changes it.
 enum class Filtro { Cifre, CifreVirgola };
 void applicaFiltro(QLineEdit* campo, Filtro filtro);
 

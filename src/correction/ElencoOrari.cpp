@@ -10,7 +10,6 @@ QTreeWidgetItem* rigaOrario(const OrarioPartenza& orario) {
     auto* item =
         new QTreeWidgetItem({QString::number(orario.num), orario.ora, QString::number(orario.idEqu)});
     item->setTextAlignment(ElencoOrari::Numero, Qt::AlignRight | Qt::AlignVCenter);
-    item->setTextAlignment(ElencoOrari::Ora, Qt::AlignCenter);
     return item;
 }
 
@@ -19,7 +18,6 @@ QTreeWidgetItem* rigaOrario(const OrarioPartenza& orario) {
 ElencoOrari::ElencoOrari(QWidget* padre) : QTreeWidget(padre) {
     setHeaderLabels({u"Num."_s, u"Orario"_s, u"IDEqu"_s});
     headerItem()->setTextAlignment(Numero, Qt::AlignRight | Qt::AlignVCenter);
-    headerItem()->setTextAlignment(Ora, Qt::AlignCenter);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);

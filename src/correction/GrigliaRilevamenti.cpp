@@ -18,8 +18,10 @@ using enum ModelloRilevamenti::Colonna;
 
 namespace {
 
-constexpr int Margine = 22;  // of a cell's text on both sides, in pixels
+constexpr int Margine = 14;  // of a cell's text on both sides, in pixels
 constexpr int MargineRiga = 9;
+constexpr int NomeMinimo = 150;
+constexpr int NomeAmpio = 240;
 
 void preparaTabella(QTableView* tabella, ModelloRilevamenti* modello) {
     tabella->setModel(modello);
@@ -145,16 +147,19 @@ void GrigliaRilevamenti::apri(ModoGriglia modo) {
     m_etichettaTotale->setVisible(!penalita);
     m_lblTotPen->setVisible(!penalita);
 
-    int larghezza = 2 * m_grS->frameWidth();
+    int digitate = 2 * m_grT->frameWidth() + NomeMinimo;
+    int calcolate = 2 * m_grS->frameWidth();
     for (int colonna = TempoImposto; colonna < ModelloRilevamenti::Colonne; ++colonna) {
         QTableView* tabella = colonna < Netto ? m_grT : m_grS;
         tabella->setColumnWidth(colonna, larghezzaColonna(tabella, colonna));
-        larghezza += colonna < Netto ? 0 : tabella->columnWidth(colonna);
+        // A hidden column has no width.
+        (colonna < Netto ? digitate : calcolate) += tabella->columnWidth(colonna);
     }
-    m_grS->setFixedWidth(larghezza);
-    m_grT->horizontalHeader()->setSectionResizeMode(NomeProva, QHeaderView::Stretch);
-    if (penalita)
-        m_grT->horizontalHeader()->setSectionResizeMode(DesPenAgg, QHeaderView::Stretch);
+    m_grT->setMinimumWidth(digitate);
+    m_grS->setFixedWidth(calcolate);
+    // What is read at length takes the room that is left.
+    m_grT->setColumnWidth(NomeProva, NomeAmpio);
+    m_grT->horizontalHeader()->setSectionResizeMode(penalita ? DesPenAgg : NomeProva, QHeaderView::Stretch);
 }
 
 void GrigliaRilevamenti::mostraEquipaggio(int idEqu, bool asi) {

@@ -33,7 +33,7 @@ frmTempiManuale::frmTempiManuale(QWidget* padre)
     m_ui->setupUi(this);
     mostraAlbero(false);
     m_ui->frmRicerca->hide();
-    m_ui->divisore->setSizes({440, 900});
+    m_ui->divisore->setSizes({380, 940});
 
     connect(m_ui->cmdTempiMancanti, &QPushButton::clicked, this, &frmTempiManuale::premutoTempiMancanti);
     connect(m_ui->cmdEsci, &QPushButton::clicked, this, &QDialog::close);

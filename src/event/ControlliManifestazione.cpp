@@ -49,31 +49,29 @@ QWidget* ControlliManifestazione::controllo(const VoceManifestazione& voce) cons
 
 void ControlliManifestazione::preparaControllo(const VoceManifestazione& voce) {
     QWidget* quale = controllo(voce);
-    if (auto* combo = qobject_cast<QComboBox*>(quale)) {
-        combo->addItems(voce.genere == GenereVoce::Precisione ? parolePrecisione()
-                                                              : QStringList{siNo(false), siNo(true)});
-    }
-    if (voce.genere == GenereVoce::Interruttore) {
-        if (auto* combo = qobject_cast<QComboBox*>(quale))
+    if (auto* box = qobject_cast<QLineEdit*>(quale)) {
+        preparaBox(voce, box);
+    } else if (auto* combo = qobject_cast<QComboBox*>(quale)) {
+        const bool precisione = voce.genere == GenereVoce::Precisione;
+        combo->addItems(precisione ? parolePrecisione() : QStringList{siNo(false), siNo(true)});
+        if (!precisione)
             connect(combo, &QComboBox::currentTextChanged, this, &ControlliManifestazione::aggiornaAttivi);
-        else
-            connect(qobject_cast<QAbstractButton*>(quale), &QAbstractButton::toggled, this,
-                    &ControlliManifestazione::aggiornaAttivi);
+    } else if (voce.genere == GenereVoce::Interruttore) {
+        connect(qobject_cast<QAbstractButton*>(quale), &QAbstractButton::toggled, this,
+                &ControlliManifestazione::aggiornaAttivi);
     }
-    auto* box = qobject_cast<QLineEdit*>(quale);
-    if (!box)
-        return;
-    if (voce.genere == GenereVoce::Data) {
-        m_uscita.aggiungiMascherato(box, Maschera::Data);
-        return;
-    }
+}
+
+void ControlliManifestazione::preparaBox(const VoceManifestazione& voce, QLineEdit* box) {
     const bool numero = voce.genere == GenereVoce::Lungo || voce.genere == GenereVoce::Doppio;
     box->setMaxLength(numero ? CifreNumero : LunghezzaTesto);
     // The units of the time controls have never had a filter, unlike their siblings.
-    if (voce.genere == GenereVoce::Lungo && !box->objectName().startsWith(u"txtPenUniCO"_s))
-        applicaFiltro(box, Filtro::Cifre);
-    else if (voce.genere == GenereVoce::Doppio)
-        applicaFiltro(box, Filtro::CifreVirgola);
+    const bool senzaFiltro = box->objectName().startsWith(u"txtPenUniCO"_s);
+    if (voce.genere == GenereVoce::Data) {
+        m_uscita.aggiungiMascherato(box, Maschera::Data);
+    } else if (numero && !senzaFiltro) {
+        applicaFiltro(box, voce.genere == GenereVoce::Lungo ? Filtro::Cifre : Filtro::CifreVirgola);
+    }
 }
 
 void ControlliManifestazione::preparaEtichetta(const QString& tipo) {

@@ -27,6 +27,7 @@ private:
     [[nodiscard]] QString testo(const VoceManifestazione& voce) const;
     void imposta(const VoceManifestazione& voce, const QString& testo);
     void preparaControllo(const VoceManifestazione& voce);
+    void preparaBox(const VoceManifestazione& voce, QLineEdit* box);
     void preparaEtichetta(const QString& tipo);
     void aggiornaAttivi();
     void mostraNoASI(bool mostra);

@@ -4,6 +4,23 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+namespace {
+
+constexpr int SpazioFraRighe = 6;
+
+class RigheArieggiate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& opzioni,
+                                 const QModelIndex& indice) const override {
+        return QStyledItemDelegate::sizeHint(opzioni, indice) + QSize(SpazioFraRighe, SpazioFraRighe);
+    }
+};
+
+}  // namespace
 
 Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
     setItemsExpandable(false);
@@ -11,6 +28,7 @@ Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
     setAlternatingRowColors(true);
     setTabKeyNavigation(false);
     setEditTriggers(NoEditTriggers);
+    setItemDelegate(new RigheArieggiate(this));
     // The place where a tree draws its branches holds the row's number.
     setIndentation(fontMetrics().horizontalAdvance(QStringLiteral("000")) + fontMetrics().height() / 2);
     header()->setStretchLastSection(true);
@@ -18,6 +36,7 @@ Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
 
 void Elenco::riempi(const QList<Riga>& righe) {
     const int chiave = chiaveScelta();
+    const int scorrimento = verticalScrollBar()->value();
     setUpdatesEnabled(false);
     clear();
     QList<QTreeWidgetItem*> elementi;
@@ -33,6 +52,8 @@ void Elenco::riempi(const QList<Riga>& righe) {
             scegli(i);
     }
     adattaColonne();
+    doItemsLayout();
+    verticalScrollBar()->setValue(scorrimento);
     setUpdatesEnabled(true);
 }
 

@@ -196,10 +196,11 @@ void sostituisciConGruppiASI(int idMan, bool assegnazioneAutomatica) {
     esegui(u"DELETE FROM Raggruppamenti WHERE IDMan_FK=?"_s, {idMan});
     inserisciGruppi(idMan, gruppiASI());
     // No crew may keep the key of a group that is gone.
-    if (assegnazioneAutomatica)
+    if (assegnazioneAutomatica) {
         riassegnaEquipaggi(idMan);
-    else
+    } else {
         esegui(u"UPDATE Equipaggi SET IDGru_FK=0 WHERE IDMan_FK=?"_s, {idMan});
+    }
     transazione.conferma();
 }
 

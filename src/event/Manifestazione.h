@@ -16,11 +16,11 @@ struct VoceManifestazione {
     const char* controllo;  // in the wizard
     const char* colonna;
     GenereVoce genere;
+    bool soloNoASI = false;                   // of the crews that are not ASI, under their own switch
+    bool zeroSeSpento = false;                // a new event stores 0, not nothing, when the switch is off
     const char* iniziale = "";                // dates: today
     const char* interruttore = nullptr;       // column of the switch without which the value does not count
     const char* proposta = nullptr;           // text that the switch proposes when it goes on
-    bool zeroSeSpento = false;                // a new event stores 0, not nothing, when the switch is off
-    bool soloNoASI = false;                   // of the crews that are not ASI, under their own switch
     const char* controlloModifica = nullptr;  // in the edit window, where its name differs
 };
 

@@ -134,10 +134,13 @@ void modificaProva(int idMan, const Prova& prova) {
     aggiornaRiga(u"Prove"_s, u"IDPro"_s, prova.id,
                  colonne(idMan, prova, riferimento(prova, elenco, posizione)));
     if (const Prova* dopo = controlloOrarioConcatenatoDopo(elenco, posizione); dopo && prova.concatenata) {
-        if (controlloOrario(prova))
+        // The later time control refers to the nearest one before it: this test, or the one that it was
+        // hiding.
+        if (controlloOrario(prova)) {
             concatena(dopo->id, prova.id);
-        else if (controlloOrario(elenco[posizione]))
+        } else if (controlloOrario(elenco[posizione])) {
             concatena(dopo->id, controlloOrarioPrima(elenco, posizione));
+        }
     }
     transazione.conferma();
 }

@@ -71,10 +71,11 @@ void frmNuovaManifestazione2::elimina() {
 
 void frmNuovaManifestazione2::carica() {
     const int riga = m_ui->lstRag->scelta();
-    if (riga < 0)
+    if (riga < 0) {
         avverti(u"Attenzione"_s, u"Selezionare un Raggruppamento da Modificare"_s);
-    else
-        m_campi->scrivi(m_gruppi[riga]);
+        return;
+    }
+    m_campi->scrivi(m_gruppi[riga]);
 }
 
 void frmNuovaManifestazione2::aggiornaElenco() {

@@ -56,10 +56,11 @@ void frmNuovaManifestazione2Bis::elimina() {
 
 void frmNuovaManifestazione2Bis::carica() {
     const int riga = m_ui->lstSqu->scelta();
-    if (riga < 0)
+    if (riga < 0) {
         avverti(u"Attenzione"_s, u"Selezionare una Squadra da Modificare"_s);
-    else
-        m_ui->txtNom->setText(m_squadre[riga].nom);
+        return;
+    }
+    m_ui->txtNom->setText(m_squadre[riga].nom);
 }
 
 void frmNuovaManifestazione2Bis::aggiornaElenco() {

@@ -78,20 +78,22 @@ void frmNuovaManifestazione3::elimina() {
 
 void frmNuovaManifestazione3::carica() {
     const int riga = m_ui->lstProve->scelta();
-    if (riga < 0)
+    if (riga < 0) {
         avverti(u"Attenzione"_s, u"Selezionare una Prova da Modificare"_s);
-    else
-        m_campi->scrivi(m_prove[riga]);
+        return;
+    }
+    m_campi->scrivi(m_prove[riga]);
 }
 
 void frmNuovaManifestazione3::prosegui() {
     if (!m_campi->risolvi())
         return;
-    if (m_prove.isEmpty())
+    if (m_prove.isEmpty()) {
         Dialoghi::corrente().messaggio(u"Impossibile Proseguire"_s, u"Inserire Almeno una Prova"_s,
                                        Icona::Stop);
-    else
-        Q_EMIT avanti();
+        return;
+    }
+    Q_EMIT avanti();
 }
 
 void frmNuovaManifestazione3::aggiornaElenco() {

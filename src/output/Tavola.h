@@ -23,7 +23,6 @@ public:
     [[nodiscard]] double altezzaRiga(const QStringList& riga) const;
     // Of a row of one line.
     [[nodiscard]] double altezzaRiga() const;
-    [[nodiscard]] double corpo() const { return m_aspetto.corpo; }
     // Left edge of a column's text.
     [[nodiscard]] double inizio(qsizetype colonna) const;
 

@@ -5,8 +5,9 @@
 #include "common/Subroutine.h"
 #include "output/Pittore.h"
 
+#include <algorithm>
 #include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QPrinter>
@@ -32,6 +33,14 @@ QString nomeFile(const QString& titolo) {
     return nome.isEmpty() ? u"Rapporto"_s : nome;
 }
 
+// An entry of the toolkit's own bar, by its English name.
+QAction* voceDellaBarra(const QToolBar* barra, const char* nome) {
+    const QString testo = QCoreApplication::translate("QPrintPreviewDialog", nome);
+    const QList<QAction*> azioni = barra->actions();
+    const auto trovata = std::ranges::find(azioni, testo, &QAction::text);
+    return trovata == azioni.cend() ? nullptr : *trovata;
+}
+
 }  // namespace
 
 frmAnteprima::frmAnteprima(const Rapporto& rapporto, QPrinter* stampante, QWidget* padre)
@@ -43,10 +52,14 @@ frmAnteprima::frmAnteprima(const Rapporto& rapporto, QPrinter* stampante, QWidge
     resize(screen()->availableSize() * ParteDelloSchermo);
 }
 
-// The toolkit's own bar, with its names written out, the PDF and a way out beside them.
+// The toolkit's own bar, and beside it the PDF and a way out.
 void frmAnteprima::preparaBarra() {
     auto* barra = findChild<QToolBar*>();
     barra->addSeparator();
+    if (QAction* stampa = voceDellaBarra(barra, "Print")) {
+        stampa->setShortcut(QKeySequence::Print);
+        stampa->setToolTip(u"Stampa il rapporto (Ctrl+P)"_s);
+    }
     auto* salva = new QAction(style()->standardIcon(QStyle::SP_DialogSaveButton), u"Salva PDF"_s, this);
     salva->setObjectName(u"cmdSalvaPDF"_s);
     salva->setShortcut(QKeySequence::Save);
@@ -69,8 +82,8 @@ void frmAnteprima::showEvent(QShowEvent* evento) {
     if (std::exchange(m_mostrata, true))
         return;
     CentraFinestra(this);
-    // The bar's first entry is the page's full width.
-    findChild<QToolBar*>()->actions().constFirst()->trigger();
+    if (QAction* larghezza = voceDellaBarra(findChild<QToolBar*>(), "Fit width"))
+        larghezza->trigger();
 }
 
 void frmAnteprima::keyPressEvent(QKeyEvent* evento) {

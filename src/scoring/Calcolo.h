@@ -88,8 +88,8 @@ public:
     [[nodiscard]] const LetturaCalcolo& lettura(std::size_t equipaggio, std::size_t prova) const;
 
     [[nodiscard]] PenalitaEquipaggio calcola(const EquipaggioCalcolo& equipaggio) const;
-    // Capped penalty on the test of that place, and the mean over the tests run that have a reading row, without
-    // the best and the worst; without added penalties. Both throw Errore on overflow.
+    // Capped penalty on the test of that place, and the mean over the tests run that have a reading row,
+    // without the best and the worst; without added penalties. Both throw Errore on overflow.
     [[nodiscard]] double penalita(const EquipaggioCalcolo& equipaggio, std::size_t prova) const;
     [[nodiscard]] float media(const EquipaggioCalcolo& equipaggio) const;
     // Whether the crew has both readings on every test run; throws Errore when a reading row is missing.

@@ -233,12 +233,15 @@ std::optional<EsitoClassifica> GeneraClassifica(const RichiestaClassifica& richi
     calcola(righe, calcolo);
     ordina(righe);
 
-    // The exclusions and the table are one action: a failure leaves both as they were.
-    Transazione transazione;
-    if (!incompleti.isEmpty())
-        scriviEsclusioni(incompleti);
-    scrivi(righe);
-    transazione.conferma();
+    {
+        // The exclusions and the table are one action: a failure leaves both as they were.
+        Transazione transazione;
+        if (!incompleti.isEmpty())
+            scriviEsclusioni(incompleti);
+        scrivi(righe);
+        transazione.conferma();
+    }
+    // With nothing left that holds them.
     ChiudiDataBase();
     ApriDataBase();
     return esito;

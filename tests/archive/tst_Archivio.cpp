@@ -145,7 +145,8 @@ void tst_Archivio::rifiutati_data() {
     QTest::newRow("empty") << QByteArray() << "vuoto";
     QTest::newRow("pages overwritten") << guasto << "danneggiato";
     QTest::newRow("cut short") << buono.left(buono.size() / 2) << "danneggiato";
-    QTest::newRow("header alone") << buono.left(100) << "non si può usare";
+    QTest::newRow("header cut") << buono.left(40) << "testata è incompleta";
+    QTest::newRow("header alone") << buono.left(100) << "disk image is malformed";
     QTest::newRow("another program's") << altrui << "altro programma";
 }
 
@@ -156,10 +157,13 @@ void tst_Archivio::rifiutati() {
     scrivi(percorsoArchivio(), dati);
     try {
         PreparaArchivio();
+        ApriDataBase();
+        VerificaArchivio();
         QFAIL("accepted");
     } catch (const ErroreArchivio& errore) {
         QVERIFY2(errore.testo().contains(parola), qPrintable(errore.testo()));
     }
+    ChiudiDataBase();
     QCOMPARE(contenuto(percorsoArchivio()), dati);
 }
 

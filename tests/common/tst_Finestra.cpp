@@ -25,13 +25,18 @@ public:
             disposizione->addWidget(controllo);
         completaDa(&primo, "Equipaggi", "Mar");
     }
-    bool puoChiudere() override { return chiudibile; }
+    bool puoChiudere() override {
+        if (guasta)
+            esegui("DELETE FROM Assente");
+        return chiudibile;
+    }
 
     QLineEdit primo, ultimo;
     QComboBox combo;
     QCheckBox spunta;
     QPushButton pulsante;
     bool chiudibile = true;
+    bool guasta = false;
 };
 
 }  // namespace
@@ -64,6 +69,10 @@ void tst_Finestra::invioVaAvantiEColora() {
         QCOMPARE(QApplication::focusWidget(), atteso);
     }
     QCOMPARE(finestra.primo.palette().color(QPalette::Base), QColor(Qt::white));
+    bool premuto = false;
+    connect(&finestra.pulsante, &QPushButton::clicked, &finestra, [&] { premuto = true; });
+    QTest::keyClick(&finestra.pulsante, Qt::Key_Enter);
+    QVERIFY(premuto);
 }
 
 void tst_Finestra::completaMentreSiScrive() {
@@ -75,6 +84,8 @@ void tst_Finestra::completaMentreSiScrive() {
     QVERIFY(QTest::qWaitForWindowActive(&finestra));
     QTest::keyClicks(&finestra.primo, "la");
     QCOMPARE(finestra.primo.text(), QStringLiteral("LANCIA"));
+    QCOMPARE(finestra.primo.selectedText(), QStringLiteral("NCIA"));
+    QTest::keyRelease(&finestra.primo, Qt::Key_Shift);  // let go after the letter
     QCOMPARE(finestra.primo.selectedText(), QStringLiteral("NCIA"));
     QTest::keyClick(&finestra.primo, Qt::Key_Delete);
     QCOMPARE(finestra.primo.text(), QStringLiteral("LA"));
@@ -95,6 +106,11 @@ void tst_Finestra::filtriSuIncolla() {
     cifre.paste();
     QCOMPARE(cifre.text(), QStringLiteral("178923"));
     QCOMPARE(cifre.cursorPosition(), 4);
+    // What the program shows is not touched until someone types in it.
+    cifre.setText("D-80331");
+    QCOMPARE(cifre.text(), QStringLiteral("D-80331"));
+    QTest::keyClicks(&cifre, "x5");
+    QCOMPARE(cifre.text(), QStringLiteral("803315"));
 }
 
 void tst_Finestra::chiusura() {
@@ -107,6 +123,12 @@ void tst_Finestra::chiusura() {
     QTest::keyClick(&finestra, Qt::Key_Escape);
     QVERIFY(finestra.isVisible());
     finestra.chiudibile = true;
+    finestra.guasta = true;
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    finestra.close();
+    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(finestra.isVisible());
+    finestra.guasta = false;
     finestra.close();
     QVERIFY(!finestra.isVisible());
 }

@@ -247,9 +247,10 @@ void tst_Creazione::abilitazioni() {
     QVERIFY(!box("txtMaxPenNoASI")->isEnabled());
     QCOMPARE(box("txtMaxPenNoASI")->text(), QString());
     opzione->click();
-    for (const QString& nome : noASI)
-        QVERIFY(!controllo<QWidget>(&finestra, nome)->isVisible() &&
-                !controllo<QWidget>(&finestra, nome)->isEnabled());
+    for (const QString& nome : noASI) {
+        QVERIFY(!controllo<QWidget>(&finestra, nome)->isVisible());
+        QVERIFY(!controllo<QWidget>(&finestra, nome)->isEnabled());
+    }
     opzione->click();
     for (const QString& nome : noASI.mid(3))
         QCOMPARE(box(nome)->text(), QString());
@@ -517,10 +518,11 @@ void tst_Creazione::uscita() {
             pagina()->close();
             QCOMPARE(pagina()->objectName(), nome);
             programma.dialoghi.attendiDomanda(Uscita, TestoUscita, true);
-            if (pagineAvanti == 0)
+            if (pagineAvanti == 0) {
                 premi(pagina(), "cmdAnnulla");
-            else
+            } else {
                 QTest::keyClick(pagina(), Qt::Key_Escape);
+            }
             QVERIFY(!pagina());
         });
         QCOMPARE(id, 0);
@@ -566,11 +568,10 @@ void tst_Creazione::soloTastiera() {
     const auto scriviQui = [](const QString& testo) { QTest::keyClicks(QApplication::focusWidget(), testo); };
     // Enter from field to field until the button has the focus.
     const auto finoA = [&](const QString& nome) {
-        for (int i = 0; i < 60 && QApplication::focusWidget()->objectName() != nome; ++i)
-            tasto(QApplication::focusWidget()->inherits("QPushButton") ||
-                          QApplication::focusWidget()->inherits("Elenco")
-                      ? Qt::Key_Tab
-                      : Qt::Key_Return);
+        for (int i = 0; i < 60 && QApplication::focusWidget()->objectName() != nome; ++i) {
+            const QWidget* qui = QApplication::focusWidget();
+            tasto(qui->inherits("QPushButton") || qui->inherits("Elenco") ? Qt::Key_Tab : Qt::Key_Return);
+        }
         QCOMPARE(QApplication::focusWidget()->objectName(), nome);
     };
     CreazioneManifestazione creazione;

@@ -9,7 +9,8 @@ namespace {
 // "PA CO+ PM": kinds in order, chained ones with a plus.
 QList<Prova> elenco(const QString& testo) {
     QList<Prova> prove;
-    for (QString tipo : testo.split(' ', Qt::SkipEmptyParts)) {
+    const QStringList tipi = testo.split(' ', Qt::SkipEmptyParts);
+    for (const QString& tipo : tipi) {
         const bool concatenata = tipo.endsWith('+');
         prove << Prova{.tip = tipo.left(2), .tem = "00:10:00", .concatenata = concatenata};
     }

@@ -1,5 +1,8 @@
 #include "supporto/ProgrammaDiProva.h"
 
+#include <QRegularExpression>
+#include <QTest>
+
 namespace {
 
 QVariantMap con(QVariantMap predefiniti, const QVariantMap& valori) {
@@ -10,6 +13,8 @@ QVariantMap con(QVariantMap predefiniti, const QVariantMap& valori) {
 }  // namespace
 
 ProgrammaDiProva::ProgrammaDiProva(Archivio archivio) {
+    // A statement or a transaction left open across a closing of the archive.
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("still in use")));
     PercorsoApp = m_cartella.path();
     IDMan = 0;
     IDEqu = 0;

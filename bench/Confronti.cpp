@@ -1,0 +1,6 @@
+#include "Confronti.h"
+
+std::vector<Confronto>& confronti() {
+    static std::vector<Confronto> tutti;
+    return tutti;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "scoring/Classifica.h"
+
+// Makes a classification and hands it to its report.
+void MostraClassifica(const RichiestaClassifica& richiesta);

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+#include <QString>
+
+class frmMain;
+
+// What an entry of the menu does once its guard has passed; empty for an entry whose window does not exist
+// yet.
+using AzioneMenu = std::function<void(frmMain&)>;
+AzioneMenu azioneMenu(const QString& nome);

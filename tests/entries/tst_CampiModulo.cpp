@@ -1,0 +1,216 @@
+#include "entries/frmRicercaAnagrafica.h"
+#include "ModuloDiProva.h"
+
+#include <QClipboard>
+#include <QTimer>
+
+namespace {
+constexpr char AnnoErrato[] = "Anno NON Valido";
+}
+
+class tst_CampiModulo final : public QObject, private ModuloDiProva {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { comincia(); }
+    void cleanup() { finisci(); }
+    void anno();
+    void gruppoAutomatico();
+    void annoFermaLeAzioni();
+    void date();
+    void copia();
+    void filtri();
+    void completamento();
+    void rotella();
+};
+
+void tst_CampiModulo::anno() {
+    apri();
+    for (const auto& [anno, ammesso] :
+         {std::pair{"1849", false}, std::pair{"1850", true}, std::pair{"2016", true},
+          std::pair{"2017", false}, std::pair{"99999999999", false}, std::pair{"", true}}) {
+        for (const char* poi : {"txtCil", "txtCog"}) {
+            box("txtAnn")->setFocus();
+            box("txtAnn")->setText(anno);
+            if (!ammesso)
+                attendi(AnnoErrato, "Anno NON Valido. Controllare.");
+            qstrcmp(poi, "txtCil") == 0 ? QTest::keyClick(box("txtAnn"), Qt::Key_Return)
+                                        : QTest::mouseClick(box(poi), Qt::LeftButton);
+            QVERIFY2(m_programma->dialoghi.finite(), anno);
+            QCOMPARE(QApplication::focusWidget(), ammesso ? box(poi) : box("txtAnn"));
+        }
+    }
+}
+
+void tst_CampiModulo::gruppoAutomatico() {
+    esegui("UPDATE Manifestazioni SET RagAuto=1");
+    const auto gruppo = [](const char* nome, int da, int a) {
+        return inserisciRiga("Raggruppamenti",
+                             {{"IDMan_FK", IDMan}, {"Nom", nome}, {"Fat", 1}, {"DAAnn", da}, {"AAnn", a}});
+    };
+    gruppo("Antiche", 1800, 1899);
+    const int post = gruppo("Post Classic", 1961, 1970);
+    gruppo("Modern", 1970, 2017);
+    apri();
+    QVERIFY(!combo("cboGruppo")->isEnabled());
+    QCOMPARE(combo("cboGruppo")->currentText(), QStringLiteral("Nessuno"));
+    const auto lascia = [this](const char* anno) {
+        scrivi("txtAnn", QString::fromLatin1(anno));
+        QTest::keyClick(box("txtAnn"), Qt::Key_Tab);
+        return combo("cboGruppo")->currentText();
+    };
+    QCOMPARE(lascia("1970"), QStringLiteral("Post Classic"));
+    QCOMPARE(lascia("1950"), QString());
+    QCOMPARE(combo("cboGruppo")->currentIndex(), -1);
+    attendi(AnnoErrato, "Anno NON Valido. Controllare.");
+    QCOMPARE(lascia("1849"), QStringLiteral("Antiche"));
+    attendi(AnnoErrato, "Anno NON Valido. Controllare.");
+    QCOMPARE(lascia("2017"), QStringLiteral("Modern"));
+    QVERIFY(m_programma->dialoghi.finite());
+    box("txtAnn")->clear();
+    QCOMPARE(lascia(""), QString());
+    // Still in the year when the crew is stored; and one whose year is in no group.
+    for (const auto& [anno, atteso] : {std::pair{"1965", post}, std::pair{"1920", 0}}) {
+        scrivi("txtNum", QString::fromLatin1(anno));
+        scrivi("txtAnn", QString::fromLatin1(anno));
+        clic("cmdSalva");
+        QCOMPARE(
+            leggiValore("SELECT IDGru_FK FROM Equipaggi WHERE Num=?", {QString::fromLatin1(anno)})->toInt(),
+            atteso);
+        clic("cmdNuovo");
+    }
+}
+
+void tst_CampiModulo::annoFermaLeAzioni() {
+    apriConEquipaggi();
+    clicRiga(1);
+    scrivi("txtAnn", "1700");
+    for (const char* azione : Uscite) {
+        attendi(AnnoErrato, "Anno NON Valido. Controllare.");
+        esci(azione);
+        resta(azione);
+        QCOMPARE(QApplication::focusWidget(), box("txtAnn"));
+    }
+    QCOMPARE(contaRighe("Equipaggi", "Ann=1935"), 1);
+    // A year that came from elsewhere is no matter of a click that leads away from another field.
+    esegui("UPDATE Equipaggi SET Ann=1700 WHERE Num=3");
+    scrivi("txtAnn", "1936");
+    clicRiga(0);
+    QCOMPARE(testo("txtAnn"), QStringLiteral("1700"));
+    QCOMPARE(contaRighe("Equipaggi", "Ann=1936"), 1);
+}
+
+void tst_CampiModulo::date() {
+    apriConEquipaggi();
+    // Typed digits, and what the mask shows then; nothing when the date is refused.
+    const std::pair<const char*, const char*> casi[] = {{"", "//"},       {"29022024", "29/02/2024"},
+                                                        {"30022024", ""}, {"12", ""},
+                                                        {"0102195", ""},  {"010250", "01/02/1950"}};
+    for (const char* nome : {"txtDatNas", "txtScaPat", "txtScaPol"}) {
+        for (const auto& [cifre, mostrata] : casi) {
+            box(nome)->clear();
+            box("txtNum")->setFocus();
+            QTest::mouseClick(box(nome), Qt::LeftButton);
+            QTRY_COMPARE(box(nome)->cursorPosition(), 0);
+            QTest::keyClicks(box(nome), QString::fromLatin1(cifre));
+            if (!*mostrata)
+                attendi("Data NON Valida", "Data NON Valida. Controllare.");
+            QTest::keyClick(box(nome), Qt::Key_Tab);
+            QVERIFY2(m_programma->dialoghi.finite(), cifre);
+            QCOMPARE(box(nome)->hasFocus(), !*mostrata);
+            if (*mostrata)
+                QCOMPARE(testo(nome), QString::fromLatin1(mostrata));
+        }
+    }
+}
+
+void tst_CampiModulo::copia() {
+    nuovoEquipaggio(40, {{"Cog", "zola"},
+                         {"Nom", "Ida"},
+                         {"Ses", "F"},
+                         {"Not", "altra nota"},
+                         {"Ema", "ida@posta.it"},
+                         {"DatNas", QVariant()},
+                         {"Esc", 1},
+                         {"MotEsc", "altro"},
+                         {"Mar", "fiat"},
+                         {"Ann", 1966}});
+    nuovaManifestazione({{"RagAuto", 1}});
+    inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan}, {"Nom", "G"}, {"DAAnn", 1900}, {"AAnn", 2000}});
+    nuovoEquipaggio(5, {{"DatNas", "1950-02-01"}, {"Not", "mia"}, {"Ses", "M"}});
+    apri();
+    const auto scegli = [this](bool scelta) {
+        QTimer::singleShot(0, m_finestra.get(), [scelta] {
+            auto* ricerca = qobject_cast<frmRicercaAnagrafica*>(QApplication::activeModalWidget());
+            QVERIFY(ricerca);
+            QTest::keyClicks(ricerca->findChild<QLineEdit*>("txtRic"), "zol");
+            auto* trovati = ricerca->findChild<QTreeWidget*>("lstEqu");
+            QCOMPARE(trovati->topLevelItemCount(), 1);
+            trovati->setCurrentItem(trovati->topLevelItem(0));
+            QTest::mouseClick(ricerca->findChild<QPushButton*>(scelta ? "cmdSeleziona" : "cmdAnnulla"),
+                              Qt::LeftButton);
+        });
+        clic("cmdRic");
+        QCOMPARE(IDEqu, 0);
+        m_finestra->activateWindow();  // which the offscreen platform does not do by itself
+        QVERIFY(QTest::qWaitForWindowActive(m_finestra.get()));
+    };
+    scegli(false);
+    QCOMPARE(testo("txtCog"), QStringLiteral("ROSSI"));
+    scegli(true);
+    QCOMPARE(testo("txtCog") + ' ' + testo("txtNom") + ' ' + testo("txtMar"),
+             QStringLiteral("ZOLA IDA FIAT"));
+    QCOMPARE(testo("txtEma"), QStringLiteral("ida@posta.it"));
+    QCOMPARE(combo("cboSes")->currentText(), QStringLiteral("F"));
+    QCOMPARE(testo("txtDatNas"), QStringLiteral("01/02/1950"));  // Null in the archive: kept
+    QCOMPARE(testo("txtNum") + testo("txtNot") + testo("txtMotEsc"), QStringLiteral("5mia"));
+    QVERIFY(!trova<QCheckBox>("chkEsc")->isChecked());
+    // The group follows when the year is next left.
+    QCOMPARE(combo("cboGruppo")->currentText(), QStringLiteral("Nessuno"));
+    box("txtAnn")->setFocus();
+    QTest::keyClick(box("txtAnn"), Qt::Key_Tab);
+    QCOMPARE(combo("cboGruppo")->currentText(), QStringLiteral("G"));
+}
+
+void tst_CampiModulo::filtri() {
+    apri();
+    for (const char* nome : {"txtAnn", "txtCap", "txtCil", "txtNum"}) {
+        QTest::keyClicks(box(nome), "1a9-,");
+        QCOMPARE(testo(nome), QStringLiteral("19"));
+        QApplication::clipboard()->setText(" x5 0");
+        box(nome)->paste();
+        QCOMPARE(testo(nome), QStringLiteral("1950"));
+    }
+}
+
+void tst_CampiModulo::completamento() {
+    const QStringList complete =
+        QStringLiteral("CAP Cit Clu Cog CogNav Com Mar Mod MotEsc Nom NomNav Not Pro RilDa").split(u' ');
+    QVariantMap valori;
+    for (const ColonnaEquipaggio& colonna : colonneEquipaggio()) {
+        if (colonna.tipo == TipoDato::Testo)
+            valori[colonna.nome] = "7bello";
+    }
+    nuovoEquipaggio(1, valori);
+    nuovaManifestazione();  // values of all events complete
+    apri();
+    for (const ColonnaEquipaggio& colonna : colonneEquipaggio()) {
+        if (colonna.tipo != TipoDato::Testo)
+            continue;
+        QTest::keyClicks(box(colonna.controllo), "7");
+        QCOMPARE(testo(colonna.controllo), QString(complete.contains(colonna.nome) ? "7BELLO" : "7"));
+    }
+}
+
+void tst_CampiModulo::rotella() {
+    apriConEquipaggi();
+    combo("cboSes")->setCurrentIndex(0);
+    const QPointF centro = combo("cboSes")->rect().center();
+    QWheelEvent giro(centro, combo("cboSes")->mapToGlobal(centro), {}, QPoint(0, -120), Qt::NoButton, {},
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(combo("cboSes"), &giro);
+    QCOMPARE(combo("cboSes")->currentIndex(), 0);
+}
+
+PROVA_FINESTRE(tst_CampiModulo)
+#include "tst_CampiModulo.moc"

@@ -1,0 +1,294 @@
+#include "archive/ErroreArchivio.h"
+#include "entries/Equipaggi.h"
+#include "supporto/ProgrammaDiProva.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QTest>
+
+class tst_Equipaggi final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void soloNumero();
+    void inserimentoCompleto();
+    void riscrittura();
+    void colonneNonMostrate();
+    void numeri();
+    void anni();
+    void raggruppamenti();
+    void maschere();
+    void copia();
+    void eliminazione();
+    void secondaScritturaFallita();
+    void uccisoAMeta();
+};
+
+namespace {
+
+constexpr char CartellaFiglio[] = "VELMORA_TEST_FOLDER";
+constexpr char EventoFiglio[] = "VELMORA_TEST_EVENT";
+
+// "Column=text;..." as a sheet.
+SchedaEquipaggio scheda(const char* colonne) {
+    SchedaEquipaggio testi;
+    const QStringList voci = QString::fromUtf8(colonne).split(u';');
+    for (const QString& voce : voci)
+        testi[voce.section(u'=', 0, 0)] = voce.mid(voce.indexOf(u'=') + 1);
+    return testi;
+}
+
+const SchedaEquipaggio Completa = scheda(
+    "IDGru_FK=3;IDSqu_FK=4;Num=12;Cog=D'Angelò;Nom=Mario;Ses=M;Clu=C;Tes=T1;DatNas=1/2/50;Tel=011;Cel=333;"
+    "Fax=012;Ind=Via Roma 1;Ema=a@b.it;CAP=10100;Cit=Torino;Pro=TO;Pat=P1;RilDa=MCTC;ScaPat=31/12/2028;"
+    "Mar=Lancia;Mod=Aprilia;Ann=1955;Cil=1486;Tar=TO 12345;Omo=A1;Com=SAI;Pol=99;ScaPol=30/02/2026;"
+    "CogNav=Bianchi;NomNav=Anna;SesNav=F;Not=nota;Esc=1;MotEsc=ritiro");
+
+QVariantMap riga(int idEqu) {
+    Statement lettura("SELECT * FROM Equipaggi WHERE IDEqu=?");
+    lettura.esegui({idEqu}).prossima();
+    QVariantMap valori;
+    for (const ColonnaEquipaggio& colonna : colonneEquipaggio())
+        valori[colonna.nome] = lettura.valore(QString::fromLatin1(colonna.nome));
+    return valori;
+}
+
+int rilevamenti(int idEqu) {
+    return contaRighe("Rilevamenti", QStringLiteral("IDEqu_FK=%1").arg(idEqu));
+}
+
+// What a killed process was doing: storing a crew on the archive of the test that started it.
+int figlio() {
+    PercorsoApp = qEnvironmentVariable(CartellaFiglio);
+    IDMan = qEnvironmentVariableIntValue(EventoFiglio);
+    ApriDataBase();
+    leggiValore("PRAGMA cache_size=1");  // half-done pages go to the file
+    inserisciEquipaggio({{"Num", "1"}, {"Not", QString(2'000'000, 'x')}});
+    return 0;
+}
+
+}  // namespace
+
+void tst_Equipaggi::soloNumero() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovaProva();
+    nuovaManifestazione();
+    QList<int> prove;
+    for (const char* tipo : {"PA", "PM", "CO"})
+        prove << nuovaProva({{"Tip", tipo}, {"Svo", 0}});
+    const int id = inserisciEquipaggio({{"Num", "7"}, {"Esc", "0"}, {"DatNas", "//"}, {"Cog", ""}});
+    QVariantMap valori = riga(id);
+    QCOMPARE(valori.take("Num").toInt(), 7);
+    for (const char* zero : {"IDGru_FK", "IDSqu_FK", "Esc"}) {
+        const QVariant valore = valori.take(zero);
+        QVERIFY2(!valore.isNull() && valore.toInt() == 0, zero);
+    }
+    for (auto valore = valori.cbegin(); valore != valori.cend(); ++valore)
+        QVERIFY2(valore->isNull(), qPrintable(valore.key()));
+    Statement letti("SELECT IDPro_FK,TPar,TArr FROM Rilevamenti WHERE IDEqu_FK=? ORDER BY IDRil");
+    letti.esegui({id});
+    for (const int prova : prove) {
+        QVERIFY(letti.prossima());
+        QCOMPARE(letti.intero(0), prova);
+        QVERIFY(!letti.nullo(1) && letti.testo(1).isEmpty() && !letti.nullo(2) && letti.testo(2).isEmpty());
+    }
+    QVERIFY(!letti.prossima());
+}
+
+void tst_Equipaggi::inserimentoCompleto() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const QVariantMap valori = riga(inserisciEquipaggio(Completa));
+    QCOMPARE(valori["Tel"].toString(), QStringLiteral("333"));
+    QVERIFY(valori["Cel"].isNull());
+    QCOMPARE(valori["DatNas"].toString(), QStringLiteral("1950-02-01"));
+    QCOMPARE(valori["ScaPat"].toString(), QStringLiteral("2028-12-31"));
+    QVERIFY(valori["ScaPol"].isNull());
+    QCOMPARE(valori["Ann"].typeId(), static_cast<int>(QMetaType::LongLong));
+    for (auto voce = Completa.cbegin(); voce != Completa.cend(); ++voce) {
+        if (!QStringList{"Tel", "Cel", "DatNas", "ScaPat", "ScaPol"}.contains(voce.key()))
+            QCOMPARE(valori[voce.key()].toString(), *voce);
+    }
+}
+
+void tst_Equipaggi::riscrittura() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int id = inserisciEquipaggio(Completa);
+    SchedaEquipaggio testi = leggiEquipaggio(id);
+    QCOMPARE(testi["DatNas"], QStringLiteral("01/02/1950"));
+    testi["Cel"] = "347";
+    aggiornaEquipaggio(id, testi);
+    QCOMPARE(riga(id)["Cel"].toString(), QStringLiteral("347"));
+    QCOMPARE(riga(id)["Tel"].toString(), QStringLiteral("333"));
+    for (QString& testo : testi)
+        testo.clear();
+    testi["Num"] = "13";
+    aggiornaEquipaggio(id, testi);
+    const QVariantMap valori = riga(id);
+    for (const ColonnaEquipaggio& colonna : colonneEquipaggio()) {
+        const QVariant valore = valori[colonna.nome];
+        if (colonna.tipo == TipoDato::Testo)
+            QVERIFY2(!valore.isNull() && valore.toString().isEmpty(), colonna.nome);
+        else if (colonna.tipo == TipoDato::Data || colonna.tipo == TipoDato::Cifre)
+            QVERIFY2(valore.isNull(), colonna.nome);
+    }
+    QCOMPARE(valori["Num"].toInt(), 13);
+    QCOMPARE(valori["Ses"].toString() + valori["SesNav"].toString(), QStringLiteral("MF"));
+    QVERIFY_EXCEPTION_THROWN(aggiornaEquipaggio(id + 1, testi), ErroreArchivio);
+    QVERIFY_EXCEPTION_THROWN(leggiEquipaggio(id + 1), ErroreArchivio);
+}
+
+void tst_Equipaggi::colonneNonMostrate() {
+    // A form with fewer controls leaves the rest of the crew as it is.
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const int id = inserisciEquipaggio(Completa);
+    QVariantMap attesi = riga(id);
+    aggiornaEquipaggio(id, {{"Num", "14"}, {"Cog", "Verdi"}});
+    attesi["Num"] = 14;
+    attesi["Cog"] = "Verdi";
+    QCOMPARE(riga(id), attesi);
+}
+
+void tst_Equipaggi::numeri() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovoEquipaggio(6);
+    nuovaManifestazione();
+    nuovoEquipaggio(5);
+    using enum EsitoNumero;
+    for (const auto& [numero, esito] :
+         {std::pair{"", Mancante}, std::pair{"2147483648", TroppoGrande}, std::pair{"2147483647", Valido},
+          std::pair{"5", Assegnato}, std::pair{"005", Assegnato}, std::pair{"6", Valido}})
+        QVERIFY2(controllaNumero(QString::fromLatin1(numero)) == esito, numero);
+    QVERIFY(controllaNumero("5", 5) == Valido);  // its own, also when written longer
+    QVERIFY(controllaNumero("05", 5) == Valido);
+    QVERIFY(controllaNumero("5", 8) == Assegnato);
+    QVERIFY(controllaNumero("", 8) == Mancante);
+}
+
+void tst_Equipaggi::anni() {
+    ProgrammaDiProva programma;
+    programma.orologio.ora = QDateTime(QDate(2006, 12, 31), QTime(23, 59));
+    QVERIFY(!annoAmmesso(1849));
+    QVERIFY(annoAmmesso(1850));
+    QVERIFY(annoAmmesso(1996));
+    QVERIFY(!annoAmmesso(1997));
+}
+
+void tst_Equipaggi::raggruppamenti() {
+    ProgrammaDiProva programma;
+    const auto gruppo = [](const QVariant& da, const QVariant& a) {
+        return inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan}, {"Fat", 1}, {"DAAnn", da}, {"AAnn", a}});
+    };
+    nuovaManifestazione();
+    gruppo(1850, 2000);
+    nuovaManifestazione();
+    gruppo(QVariant(), QVariant());
+    const int post = gruppo(1961, 1970);
+    const int modern = gruppo(1970, 2006);
+    QCOMPARE(raggruppamentoPerAnno(1961), post);
+    QCOMPARE(raggruppamentoPerAnno(1970), post);
+    QCOMPARE(raggruppamentoPerAnno(2006), modern);
+    QCOMPARE(raggruppamentoPerAnno(1960), std::nullopt);
+    QCOMPARE(raggruppamentoPerAnno(2007), std::nullopt);
+}
+
+void tst_Equipaggi::maschere() {
+    QCOMPARE(dataPerMaschera("1950-02-01"), QStringLiteral("01/02/1950"));
+    QCOMPARE(dataPerMaschera("0050-02-01"), QStringLiteral("01/02/0050"));
+    QCOMPARE(dataPerMaschera("01/02/50"), QStringLiteral("01/02/0050"));
+    QCOMPARE(dataPerMaschera("01/02/"), QStringLiteral("01/02/0000"));
+}
+
+void tst_Equipaggi::copia() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const SchedaEquipaggio archivio = scheda(
+        "Cog=d'angelò;Nom=Ugo;Ses=f;Ind=via;Cit=asti;Pro=at;RilDa=mctc;Clu=club;Mar=fiat;Mod=topolino;Tar=at "
+        "1;"
+        "Com=sai;NomNav=ada;CogNav=neri;Ema=x@y.it;Pat=ab1;Pol=ab2;Tes=ab3;Omo=ab4;Tel=;SesNav=?;Cil=1298.5;"
+        "ScaPat=2030-01-02;IDGru_FK=3;Not=nota;MotEsc=m");
+    QVariantMap valori;
+    for (auto voce = archivio.cbegin(); voce != archivio.cend(); ++voce)
+        valori[voce.key()] = *voce;
+    QCOMPARE(copiaDaArchivio(nuovoEquipaggio(9, valori)),
+             scheda("Cog=D'ANGELÒ;Nom=UGO;Ses=F;Ind=VIA;Cit=ASTI;Pro=AT;RilDa=MCTC;Clu=CLUB;Mar=FIAT;"
+                    "Mod=TOPOLINO;Tar=AT 1;Com=SAI;NomNav=ADA;CogNav=NERI;Ema=x@y.it;Pat=ab1;Pol=ab2;Tes=ab3;"
+                    "Omo=ab4;Tel=;SesNav=;Cil=1298,5;ScaPat=02/01/2030;Ann=1955"));
+}
+
+void tst_Equipaggi::eliminazione() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovaProva();
+    const int pre = inserisciRiga("Prezzi", {{"IDMan_FK", IDMan}});
+    const int id = nuovoEquipaggio(1);
+    const int altro = nuovoEquipaggio(2);
+    inserisciRiga("Incassi", {{"IDEqu_FK", id}, {"IDPre_FK", pre}, {"Qta", 1}});
+    eliminaEquipaggio(id);
+    QCOMPARE(contaRighe("Equipaggi"), 1);
+    QCOMPARE(contaRighe("Incassi"), 0);
+    QCOMPARE(rilevamenti(id), 0);
+    QCOMPARE(rilevamenti(altro), 1);
+}
+
+void tst_Equipaggi::secondaScritturaFallita() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    nuovaProva();
+    nuovaProva();
+    // The second reading fails: the crew and the first reading must not stay.
+    esegui(
+        "CREATE TRIGGER guasto BEFORE INSERT ON Rilevamenti WHEN (SELECT count(*) FROM Rilevamenti)=1 "
+        "BEGIN SELECT RAISE(ABORT,'guasto'); END");
+    QVERIFY_EXCEPTION_THROWN(inserisciEquipaggio(Completa), ErroreArchivio);
+    QCOMPARE(contaRighe("Equipaggi"), 0);
+    QCOMPARE(contaRighe("Rilevamenti"), 0);
+    esegui("DROP TRIGGER guasto");
+    QCOMPARE(rilevamenti(inserisciEquipaggio(Completa)), 2);
+}
+
+void tst_Equipaggi::uccisoAMeta() {
+    ProgrammaDiProva programma;
+    const int man = nuovaManifestazione();
+    nuovaProva();
+    // Between the crew and its readings the child gets stuck in a count that never ends.
+    esegui(
+        "CREATE TRIGGER lento BEFORE INSERT ON Rilevamenti BEGIN SELECT count(*) FROM sqlite_master a,"
+        "sqlite_master b,sqlite_master c,sqlite_master d,sqlite_master e,sqlite_master f,sqlite_master g,"
+        "sqlite_master h; END");
+    const qint64 prima = QFileInfo(percorsoArchivio()).size();
+    QProcess processo;
+    QProcessEnvironment ambiente = QProcessEnvironment::systemEnvironment();
+    ambiente.insert(CartellaFiglio, PercorsoApp);
+    ambiente.insert(EventoFiglio, QString::number(man));
+    processo.setProcessEnvironment(ambiente);
+    processo.start(QCoreApplication::applicationFilePath(), QStringList());
+    // The crew's pages are already in the file, with the journal beside it.
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(percorsoArchivio()).size() > prima, 60000);
+    QVERIFY(QFile::exists(percorsoArchivio() + "-journal"));
+    processo.kill();
+    QVERIFY(processo.waitForFinished());
+    QCOMPARE(processo.exitStatus(), QProcess::CrashExit);
+
+    ChiudiDataBase();
+    PreparaArchivio();
+    ApriDataBase();
+    QCOMPARE(contaRighe("Equipaggi"), 0);
+    QCOMPARE(contaRighe("Rilevamenti"), 0);
+    esegui("DROP TRIGGER lento");
+    QCOMPARE(rilevamenti(inserisciEquipaggio(Completa)), 1);
+}
+
+int main(int argc, char** argv) {
+    const QCoreApplication applicazione(argc, argv);
+    if (qEnvironmentVariableIsSet(CartellaFiglio))
+        return figlio();
+    tst_Equipaggi prova;
+    return QTest::qExec(&prova, argc, argv);
+}
+
+#include "tst_Equipaggi.moc"

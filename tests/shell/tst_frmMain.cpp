@@ -1,0 +1,492 @@
+#include "archive/Aggiornamenti.h"
+#include "archive/ErroreArchivio.h"
+#include "common/API.h"
+#include "output/Anteprima.h"
+#include "output/Rapporto.h"
+#include "shell/Avvio.h"
+#include "shell/AzioniMenu.h"
+#include "shell/frmInformazioni.h"
+#include "shell/frmMain.h"
+#include "shell/Menu.h"
+#include "shell/Salvataggio.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
+
+#include <QAction>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <QTreeWidget>
+
+using Archivio = ProgrammaDiProva::Archivio;
+
+namespace {
+
+class AnteprimaDiProva final : public Anteprima {
+public:
+    AnteprimaDiProva() { installa(this); }
+    ~AnteprimaDiProva() override { installa(nullptr); }
+    void mostra(const Rapporto& rapporto) override { titoli << rapporto.titoloFinestra; }
+    QStringList titoli;
+};
+
+QString testo(const QWidget& finestra, const char* nome) {
+    return finestra.findChild<QLabel*>(nome)->text();
+}
+
+void scegli(frmMain& principale, const QString& voce) {
+    auto* azione = principale.findChild<QAction*>(voce);
+    QVERIFY2(azione, qPrintable(voce));
+    azione->trigger();
+}
+
+// Runs on the next window of that class once it is on screen; it must close it.
+template <typename Azione>
+void quandoSiApre(const char* classe, Azione azione) {
+    auto* orologio = new QTimer(qApp);
+    QObject::connect(orologio, &QTimer::timeout, qApp, [=] {
+        QWidget* finestra = QApplication::activeModalWidget();
+        if (!finestra || finestra->objectName() != QLatin1String(classe))
+            return;
+        orologio->deleteLater();
+        azione(finestra);
+    });
+    orologio->start(1);
+}
+
+// Caption of each action with the menus that lead to it, keys aside.
+QStringList percorsi(const QList<QAction*>& azioni, const QString& inizio = {}) {
+    QStringList tutti;
+    for (QAction* azione : azioni) {
+        const QString qui = inizio + azione->text().remove('&');
+        if (azione->menu())
+            tutti << percorsi(azione->menu()->actions(), qui + " > ");
+        else
+            tutti << qui + " = " + azione->objectName();
+    }
+    return tutti;
+}
+
+}  // namespace
+
+class tst_frmMain final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void primoAvvio();
+    void chiaveStantia();
+    void pannello();
+    void pannelloGuastoSiDiceUnaVolta();
+    void archivioVecchio();
+    void alberoDelMenu();
+    void ogniVoceRisponde();
+    void classificheDalMenu();
+    void dataGiornaliera();
+    void classificaDiGruppo();
+    void uscita();
+    void secondaIstanza();
+    void avvioRifiutato();
+    void avvioEUscita();
+    void informazioni();
+};
+
+void tst_frmMain::primoAvvio() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    QFile avanzo(percorsoNelProgramma("temp.mdb"));
+    QVERIFY(avanzo.open(QIODevice::WriteOnly));
+    avanzo.close();
+    frmMain principale;
+    principale.show();
+    QVERIFY(QTest::qWaitForWindowActive(&principale));
+    QCOMPARE(IDMan, 0);
+    QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
+    QVERIFY(!principale.findChild<QGroupBox*>("frmInfo")->isVisible());
+    QVERIFY(!QFile::exists(avanzo.fileName()));
+    QCOMPARE(principale.windowTitle(), QString("Velmora"));
+    QCOMPARE(testo(principale, "stVersione"), QString("Ver. ") + VELMORA_VERSIONE);
+    QCOMPARE(testo(principale, "lblHelp"), QString("Per Ottenere un Aiuto in Ogni Finestra Premere F1"));
+    QCOMPARE(contaRighe("Manifestazioni"), 0);
+}
+
+void tst_frmMain::chiaveStantia() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    programma.impostazioni.valori["IDMan/IDMan"] = "41";
+    const frmMain principale;
+    QCOMPARE(IDMan, 0);
+    QCOMPARE(programma.impostazioni.valori["IDMan/IDMan"], QString("0"));
+    QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
+}
+
+void tst_frmMain::pannello() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione({{"Nom", "Coppa d'Autunno & Colli"}});
+    nuovoEquipaggio(1);
+    nuovoEquipaggio(2, {{"Omo", ""}});
+    nuovoEquipaggio(3, {{"Omo", QVariant()}});
+    ChiudiDataBase();
+    frmMain principale;
+    principale.resize(1000, 600);
+    principale.show();
+    QVERIFY(QTest::qWaitForWindowActive(&principale));
+    const auto* info = principale.findChild<QGroupBox*>("frmInfo");
+    QVERIFY(info->isVisible());
+    QCOMPARE(info->title(), QString("Informazioni sulla Manifestazione Corrente"));
+    QCOMPARE(testo(principale, "lblMani"), QString("Coppa d'Autunno & Colli"));
+    QCOMPARE(testo(principale, "lblNom"), QString("Coppa d'Autunno & Colli"));
+    QCOMPARE(testo(principale, "lblLoc"), QString("Asti"));
+    QCOMPARE(testo(principale, "lblDat"), QString("13/06/2026 - 14/06/2026"));
+    QCOMPARE(testo(principale, "lblEquipaggi"), QString("Equipaggi Iscritti :   3   di cui ASI :   1"));
+    QVERIFY(qAbs(info->width() - 0.7 * principale.width()) < 30);
+    QVERIFY(qAbs(info->geometry().center().x() - principale.width() / 2) < 5);
+
+    // Rebuilt when a window over it closes.
+    nuovoEquipaggio(4);
+    QEvent riattivata(QEvent::WindowActivate);
+    QApplication::sendEvent(&principale, &riattivata);
+    QCOMPARE(testo(principale, "lblEquipaggi"), QString("Equipaggi Iscritti :   4   di cui ASI :   2"));
+    // Also where the platform does not activate it again.
+    nuovoEquipaggio(5);
+    quandoSiApre("frmInformazioni", [](QWidget* finestra) { finestra->close(); });
+    scegli(principale, "mnuInformazioni");
+    QCOMPARE(testo(principale, "lblEquipaggi"), QString("Equipaggi Iscritti :   5   di cui ASI :   3"));
+
+    ImpostaManifestazioneAttiva(0);
+    principale.attivazione();
+    QVERIFY(!info->isVisible());
+    QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
+}
+
+void tst_frmMain::pannelloGuastoSiDiceUnaVolta() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    ChiudiDataBase();
+    frmMain principale;
+    esegui("ALTER TABLE Equipaggi RENAME TO Altrove");
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    principale.show();
+    QVERIFY(QTest::qWaitForWindowActive(&principale));
+    QEvent ancora(QEvent::WindowActivate);
+    QApplication::sendEvent(&principale, &ancora);
+    QVERIFY(programma.dialoghi.finite());
+    QCOMPARE(programma.dialoghi.viste().size(), 1);
+}
+
+void tst_frmMain::archivioVecchio() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    creaArchivio(percorsoArchivio(), 1);
+    const frmMain principale;
+    QCOMPARE(AggiornaArchivio(), QList<int>());
+    nuovaManifestazione({{"RagAuto", 1}, {"PenProNonSvo", 1}});
+}
+
+void tst_frmMain::alberoDelMenu() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    const frmMain principale;
+    const QStringList tutti = percorsi(principale.menuBar()->actions());
+    const QStringList attesi{
+        "Manifestazioni > Crea Nuova = mnuNuovaManifestazione",
+        "Manifestazioni > Modifica Esistente = mnuModificaManifestazione",
+        "Manifestazioni > Elimina = mnuEliminaManifestazione",
+        "Manifestazioni > Cambia = mnuCambiaManifestazione",
+        "Iscrizioni > Tabella Iscrizioni = mnuTabellaIscrizioni",
+        "Iscrizioni > Modulo Iscrizioni = mnuModuloIscrizioni",
+        "Iscrizioni > Tabella Iscrizioni Rapida = mnuTabellaIscrizioniRapida",
+        "Iscrizioni > Modulo Iscrizioni Rapido = mnuModuloIscrizionirapido",
+        "Quote/Prezzi > Prezzi = mnuPrezzi",
+        "Quote/Prezzi > Quote = mnuQuote",
+        "Prove Svolte = mnuProveSvolte",
+        "Immissione Rilevamenti > Manuale = mnuImmManuale",
+        "Immissione Rilevamenti > Ricezione ON LINE da TAG = mnuRXONLINE",
+        "Immissione Rilevamenti > Ricezione OFF LINE da TAG = mnuRXOFFLINE",
+        "Immissione Rilevamenti > Gestione Penalità Aggiuntive = mnuPenalitaAggiuntive",
+        "Controlli Orari > Gestione Orari di Partenza = mnuOrariDiPartenza",
+        "Controlli Orari > Crea una Ripartenza = mnuCreaRipartenza",
+    };
+    QCOMPARE(tutti.first(attesi.size()), attesi);
+    // The two trees of classifications are the same but for their names.
+    QStringList carta = tutti.filter(QRegularExpression("^Classifiche > "));
+    QStringList fogli = tutti.filter(QRegularExpression("^Classifiche Excel > "));
+    QCOMPARE(carta.size(), 12);
+    for (QString& voce : fogli)
+        voce.replace("Classifiche Excel", "Classifiche").chop(5);
+    QCOMPARE(fogli, carta);
+    QCOMPARE(carta.join('\n'), QString("Classifiche > Assoluta = mnuClasAssoluta\n"
+                                       "Classifiche > Veicoli ASI = mnuClasASI\n"
+                                       "Classifiche > Veicoli NON ASI = mnuClasNONASI\n"
+                                       "Classifiche > Di Raggruppamento = mnuClasRaggruppamento\n"
+                                       "Classifiche > Per Squadre = mnuClasSquadre\n"
+                                       "Classifiche > Di Prova = mnuClasProva\n"
+                                       "Classifiche > Di Giornata > Tutti i Veicoli = mnuClasGioTutti\n"
+                                       "Classifiche > Di Giornata > Di Raggruppamento = mnuClasGioGru\n"
+                                       "Classifiche > Di Giornata > Per Squadre = mnuClasGioSqu\n"
+                                       "Classifiche > Di Giornata > Veicoli ASI = mnuClasGioASI\n"
+                                       "Classifiche > Di Giornata > Veicoli NON ASI = mnuClasGioNoASI\n"
+                                       "Classifiche > Femminile = mnuClasFemminile"));
+    const QStringList coda{
+        "Verifiche > Tutti i Veicoli = mnuVerificheTutti",
+        "Verifiche > Solo Veicoli ASI = mnuVerificheASI",
+        "Verifiche > Solo Veicoli NON ASI = mnuVerificheNONASI",
+        "Stampe Varie > Lista di Partenza = mnuStampaListaDiPartenza",
+        "Stampe Varie > Lista di Partenza in Excel = mnuStampaListaDiPartenzaExcel",
+        "Stampe Varie > Lista di Partenza Con Orari = mnuStampaListaDiPartenzaConOrari",
+        "Stampe Varie > Lista di Partenza Con Orari in Excel = mnuStampaListaDiPartenzaConOrariinExcel",
+        "Stampe Varie > Schede Individuali = mnuSchede",
+        "Stampe Varie > Prospetto Tempi = mnuStampaProspettoTempi",
+        "Stampe Varie > Prospetto Tempi in Excel = mnuStampaProspettoTempiExcel",
+        "Stampe Varie > Prospetto Tempi Compresso = mnuStampaProspettoTempiCompresso",
+        "Stampe Varie > Prospetto Tempi Compresso in Excel = mnuStampaProspettoTempiCompressoExcel",
+        "Stampe Varie > Lista Penalità Aggiuntive = mnuStampaPenalitàAggiuntive",
+        "Stampe Varie > Lista Penalità Aggiuntive in Excel = mnuStampaPenalitàAggiuntiveExcel",
+        "Stampe Varie > Prospetto Penalità con Coefficienti = mnuStampaCoefficienti",
+        "Stampe Varie > Prospetto Penalità con Coefficienti in Excel = mnuStampaCoefficientiExcel",
+        "Esporta/Importa > Esportazione Dati = mnuEsporta",
+        "Esporta/Importa > Importazione Dati = mnuImporta",
+        "Esporta/Importa > Importazione Prove = mnuImportazioneProve",
+        "Esporta/Importa > Importazione Iscrizioni da Excel = mnuImportazioneIscrizionidaExcel",
+        "Utilità > Invia SMS Schede Individuali agli Equipaggi = mnuInviaSMS",
+        "Utilità > Riorganizzazione Archivi = mnuRiorganizzaArchivi",
+        "Utilità > Pubblicazione Manifestazione = mnuPubblicazioneManifestazione",
+        "Utilità > Aggiornamento sofwtare via Internet = mnuUpdateVLM",
+        "Info = mnuInformazioni",
+        "Esci = mnuEsci",
+    };
+    QCOMPARE(tutti.last(coda.size()), coda);
+    QCOMPARE(tutti.size(), attesi.size() + 24 + coda.size());
+}
+
+void tst_frmMain::ogniVoceRisponde() {
+    // Each entry has something behind it or says that it has not; with no event most show their guard first.
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    frmMain principale;
+    for (const VoceMenu& voce : vociMenu()) {
+        if (!voce.nome)
+            continue;
+        const QString nome = QString::fromUtf16(voce.nome);
+        QVERIFY2(bool(azioneMenu(nome)) != nonAncoraDisponibile(nome), qPrintable(nome));
+        if (!nonAncoraDisponibile(nome))
+            continue;
+        if (voce.controllo == Controllo::Nessuno)
+            programma.dialoghi.attendiMessaggio("Velmora", "Funzione non ancora disponibile",
+                                                Icona::Informazione);
+        else
+            programma.dialoghi.attendiMessaggio(QString(), "Nessuna Manifestazione Attiva");
+        scegli(principale, nome);
+        QVERIFY(programma.dialoghi.finite());
+    }
+}
+
+void tst_frmMain::classificheDalMenu() {
+    ProgrammaDiProva programma;
+    AnteprimaDiProva anteprima;
+    nuovaManifestazione();
+    const int prima = nuovaProva({{"Dat", "13/06/2026"}});
+    const int equ = nuovoEquipaggio(1);
+    nuovoEquipaggio(2, {{"Omo", ""}, {"Ses", "F"}});
+    scriviRilevamento(equ, prima, "10:00:00:00", "10:01:00:10");
+    ChiudiDataBase();
+    frmMain principale;
+    for (const char* voce : {"mnuClasAssoluta", "mnuClasASI", "mnuClasNONASI", "mnuClasFemminile"}) {
+        scegli(principale, voce);
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
+    }
+    QCOMPARE(anteprima.titoli, (QStringList{"CLASSIFICA ASSOLUTA", "CLASSIFICA ASI", "CLASSIFICA NON ASI",
+                                            "CLASSIFICA ASSOLUTA FEMMINILE"}));
+    anteprima.titoli.clear();
+    const QString chiede("Inserire la Data nel Formato gg/mm/aaaa");
+    for (const char* voce : {"mnuClasGioTutti", "mnuClasGioASI", "mnuClasGioNoASI"}) {
+        programma.dialoghi.attendiChiedi("Data Classifica Giornaliera", chiede, "13/06/2026");
+        scegli(principale, voce);
+        QVERIFY(programma.dialoghi.finite());
+    }
+    QCOMPARE(anteprima.titoli,
+             (QStringList{"CLASSIFICA ASSOLUTA DEL 13/06/2026", "CLASSIFICA ASI DEL 13/06/2026",
+                          "CLASSIFICA NON ASI DEL 13/06/2026"}));
+    anteprima.titoli.clear();
+    for (const char* voce :
+         {"mnuStampaListaDiPartenza", "mnuStampaListaDiPartenzaConOrari", "mnuStampaPenalitàAggiuntive"})
+        scegli(principale, voce);
+    QCOMPARE(anteprima.titoli.size(), 3);
+    QCOMPARE(anteprima.titoli.last(), QString("Penalità Aggiuntive"));
+}
+
+void tst_frmMain::dataGiornaliera() {
+    ProgrammaDiProva programma;
+    const AnteprimaDiProva anteprima;
+    ChiudiDataBase();
+    frmMain principale;
+    const QString titolo("Data Classifica Giornaliera");
+    for (const char* voce : {"mnuClasGioTutti", "mnuClasGioGru", "mnuStampaPenalitàAggiuntive"}) {
+        programma.dialoghi.attendiMessaggio("Impossibile Generare la Classsifica",
+                                            "Nessuna Manifestazione Attiva");
+        scegli(principale, voce);
+        QVERIFY(programma.dialoghi.finite());
+    }
+    nuovaManifestazione({{"DaDat", "01/05/2026"}});
+    programma.dialoghi.attendiChiedi(titolo, QString(), "31/02/2026");
+    programma.dialoghi.attendiMessaggio("Attenzione", "Data NON Valida");
+    programma.dialoghi.attendiChiedi(titolo, QString(), "boh");
+    programma.dialoghi.attendiMessaggio("Attenzione", "Data NON Valida");
+    programma.dialoghi.attendiChiedi(titolo, QString(), QString());
+    scegli(principale, "mnuClasGioTutti");
+    QVERIFY(programma.dialoghi.finite());
+    programma.dialoghi.attendiChiedi(titolo, QString(), std::nullopt);
+    scegli(principale, "mnuClasGioASI");
+    QVERIFY(programma.dialoghi.finite());
+    for (const auto& vista : programma.dialoghi.viste()) {
+        if (vista.tipo == DialoghiDiProva::Tipo::Chiedi)
+            QCOMPARE(vista.risposta, QString("01/05/2026"));  // what was proposed
+    }
+    QVERIFY(anteprima.titoli.isEmpty());
+}
+
+void tst_frmMain::classificaDiGruppo() {
+    ProgrammaDiProva programma;
+    AnteprimaDiProva anteprima;
+    const int man = nuovaManifestazione();
+    nuovaProva();
+    inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Anteguerra"}, {"Fat", 0.9}});
+    const int gruppo =
+        inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Classic"}, {"Fat", 1.25}});
+    nuovoEquipaggio(1, {{"IDGru_FK", gruppo}});
+    ChiudiDataBase();
+    frmMain principale;
+    const auto usa = [&](QWidget* finestra) {
+        auto* lista = finestra->findChild<QTreeWidget*>("lstRag");
+        QCOMPARE(lista->topLevelItemCount(), 2);
+        QCOMPARE(lista->topLevelItem(1)->text(0), QString("Classic"));
+        QCOMPARE(lista->topLevelItem(1)->text(1), QString("1,25"));
+        auto* stampa = finestra->findChild<QPushButton*>("cmdStampa");
+        QTest::mouseClick(stampa, Qt::LeftButton);  // no group chosen yet
+        QVERIFY(anteprima.titoli.isEmpty());
+        lista->setCurrentItem(lista->topLevelItem(1));
+        QTest::mouseClick(stampa, Qt::LeftButton);
+        lista->setFocus();
+        QTest::keyClick(lista, Qt::Key_Return);
+        QTest::mouseClick(finestra->findChild<QPushButton*>("cmdEsci"), Qt::LeftButton);
+    };
+    quandoSiApre("frmClassificaDiGruppo", usa);
+    scegli(principale, "mnuClasRaggruppamento");
+    QCOMPARE(anteprima.titoli, QStringList(2, "CLASSIFICA RAGGRUPPAMENTO : CLASSIC"));
+    anteprima.titoli.clear();
+    quandoSiApre("frmClassificaDiGruppo", usa);
+    programma.dialoghi.attendiChiedi("Data Classifica Giornaliera", QString(), "13/06/2026");
+    scegli(principale, "mnuClasGioGru");
+    QCOMPARE(anteprima.titoli, QStringList(2, "CLASSIFICA RAGGR. : CLASSIC DEL 13/06/2026"));
+    QVERIFY(programma.dialoghi.finite());
+}
+
+void tst_frmMain::uscita() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    {
+        frmMain principale;
+        principale.show();
+        nuovaManifestazione();
+        scegli(principale, "mnuEsci");
+        QVERIFY(!principale.isVisible());
+        QVERIFY(!Conn().isOpen());
+        QCOMPARE(difettoArchivio(percorsoCopiaDelGiorno()), QString());
+    }
+    // An archive lost beside its copies is not made anew over them.
+    QVERIFY(QFile::remove(percorsoArchivio()));
+    QVERIFY_EXCEPTION_THROWN(frmMain(), Errore);
+    QVERIFY(!QFile::exists(percorsoArchivio()));
+    QVERIFY(QDir(percorsoNelProgramma("Backup")).removeRecursively());
+    {
+        // A copy that fails is told; the window closes all the same and the archive is whole.
+        QFile alSuoPosto(percorsoNelProgramma("Backup"));
+        QVERIFY(alSuoPosto.open(QIODevice::WriteOnly));
+        frmMain principale;
+        principale.show();
+        programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+        principale.close();
+        QVERIFY(programma.dialoghi.finite());
+        QVERIFY(!principale.isVisible());
+    }
+    QCOMPARE(difettoArchivio(percorsoArchivio()), QString());
+}
+
+void tst_frmMain::secondaIstanza() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    IstanzaUnica prima(PercorsoApp);
+    QVERIFY(prima.acquisisci());
+    programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", "VLM è Già In Esecuzione.");
+    QVERIFY(avvia() != 0);
+    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(!QFile::exists(percorsoArchivio()));
+}
+
+void tst_frmMain::avvioRifiutato() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    QFile altro(percorsoArchivio());
+    QVERIFY(altro.open(QIODevice::WriteOnly));
+    altro.write("Qualcosa d'altro");
+    altro.close();
+    programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", QString(), Icona::Stop);
+    quandoSiApre("frmSplash", [](QWidget* splash) {
+        QTest::mouseClick(splash->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    QVERIFY(avvia() != 0);
+    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(altro.open(QIODevice::ReadOnly));
+    QCOMPARE(altro.readAll(), QByteArray("Qualcosa d'altro"));
+    QVERIFY(!QFile::exists(percorsoNelProgramma("Backup")));
+}
+
+void tst_frmMain::avvioEUscita() {
+    ProgrammaDiProva programma(Archivio::Nessuno);
+    quandoSiApre("frmSplash", [](QWidget* splash) {
+        QCOMPARE(testo(*splash, "lblVersione"), QString("Versione ") + VELMORA_VERSIONE);
+        QTest::mouseClick(splash->findChild<QPushButton*>("cmdEsci"), Qt::LeftButton);
+    });
+    QCOMPARE(avvia(), 0);
+    QVERIFY(!QFile::exists(percorsoArchivio()));
+
+    quandoSiApre("frmSplash", [](QWidget* splash) {
+        QTimer::singleShot(0, qApp, [] {
+            const QWidgetList finestre = QApplication::topLevelWidgets();
+            for (QWidget* finestra : finestre) {
+                if (finestra->objectName() == "frmMain")
+                    finestra->close();
+            }
+        });
+        QTest::keyClick(splash, Qt::Key_Return);
+    });
+    QCOMPARE(avvia(), 0);
+    QVERIFY(QFile::exists(percorsoCopiaDelGiorno()));
+}
+
+void tst_frmMain::informazioni() {
+    ProgrammaDiProva programma;
+    frmInformazioni finestra;
+    finestra.show();
+    QCOMPARE(finestra.windowTitle(), QString("Informazioni su Velmora"));
+    QCOMPARE(testo(finestra, "lblVersione"), QString("Versione ") + VELMORA_VERSIONE);
+    QCOMPARE(testo(finestra, "lblDescrizione"),
+             QString("Gestione di Manifestazioni di Auto d'Epoca con Prove di Abilità"));
+    const QByteArray percorso = qgetenv("PATH");
+    qputenv("PATH", PercorsoApp.toLocal8Bit());
+    programma.dialoghi.attendiMessaggio("Informazioni su Velmora",
+                                        "Le informazioni sul sistema non sono attualmente disponibili.",
+                                        Icona::Nessuna);
+    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
+    QVERIFY(programma.dialoghi.finite());
+    // With one of the tools installed it is started instead.
+    QFile strumento(percorsoNelProgramma("hardinfo"));
+    QVERIFY(strumento.open(QIODevice::WriteOnly));
+    strumento.write("#!/bin/sh\n: > " + PercorsoApp.toLocal8Bit() + "/partito\n");
+    strumento.close();
+    QVERIFY(strumento.setPermissions(strumento.permissions() | QFile::ExeOwner | QFile::ExeUser));
+    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
+    QTRY_VERIFY(QFile::exists(percorsoNelProgramma("partito")));
+    qputenv("PATH", percorso);
+    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    QVERIFY(!finestra.isVisible());
+}
+
+PROVA_FINESTRE(tst_frmMain)
+#include "tst_frmMain.moc"
