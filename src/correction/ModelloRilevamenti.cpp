@@ -107,6 +107,10 @@ QVariant ModelloRilevamenti::data(const QModelIndex& indice, int ruolo) const {
     const int colonna = indice.column();
     switch (ruolo) {
         case Qt::DisplayRole:
+            if (const QString letto = testo(m_righe[riga], m_calcoli[riga], colonna);
+                m_modo == ModoGriglia::Ricezione && diTempo(colonna) && letto.trimmed().isEmpty())
+                return u"00:00:00:00"_s;
+            [[fallthrough]];
         case Qt::EditRole:
         case Qt::ToolTipRole:
             return testo(m_righe[riga], m_calcoli[riga], colonna);
@@ -171,7 +175,7 @@ bool ModelloRilevamenti::cancellaTempo(const QModelIndex& indice) {
 bool ModelloRilevamenti::digitaTempo(const QModelIndex& indice, const QString& valore) {
     if (!valore.isEmpty())
         return scriviTempo(indice, valore);
-    if (!indice.data().toString().isEmpty())
+    if (!indice.data(Qt::EditRole).toString().isEmpty())
         Q_EMIT tempoSvuotato(m_righe[static_cast<std::size_t>(indice.row())].idRil, indice.column());
     return false;
 }

@@ -7,8 +7,8 @@
 
 // What a readings grid lets the operator do.
 enum class ModoGriglia {
-    Manuale,             // times and added penalties; chains as typed by hand, a deleted time is empty
-    Ricezione,           // times alone; chains as at reception, a deleted time is "00:00:00:00"
+    Manuale,    // times and added penalties; chains as typed by hand, a deleted time is empty
+    Ricezione,  // times alone; chains as at reception, a deleted time is "00:00:00:00", a blank one looks so
     PenalitaAggiuntive,  // added penalties and their reasons alone
 };
 

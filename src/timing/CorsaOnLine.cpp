@@ -7,6 +7,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// A reading whose row is missing is not lost for that.
+void scriviLettura(const QString& colonna, const QString& tempo, int idEqu, int idPro) {
+    if (esegui(u"UPDATE Rilevamenti SET %1=? WHERE IDEqu_FK=? AND IDPro_FK=?"_s.arg(colonna),
+               {tempo, idEqu, idPro}) != 0)
+        return;
+    QVariantMap riga{{u"IDEqu_FK"_s, idEqu}, {u"IDPro_FK"_s, idPro}, {u"TPar"_s, u""_s}, {u"TArr"_s, u""_s}};
+    riga[colonna] = tempo;
+    inserisciRiga(u"Rilevamenti"_s, riga);
+}
+
+}  // namespace
+
 CorsaOnLine::Passo CorsaOnLine::ricevi(const FrameOnLine& frame) {
     if (m_finita)
         return {};
@@ -32,15 +46,13 @@ CorsaOnLine::Passo CorsaOnLine::ricevi(const FrameOnLine& frame) {
 }
 
 void scriviPartenza(int idEqu, int idPro) {
-    esegui(u"UPDATE Rilevamenti SET TPar='00:00:00:00' WHERE IDEqu_FK=? AND IDPro_FK=?"_s, {idEqu, idPro});
+    scriviLettura(u"TPar"_s, u"00:00:00:00"_s, idEqu, idPro);
 }
 
 void scriviArrivo(int idEqu, int idPro, int idProssima, const QString& tempo) {
     Transazione transazione;
-    esegui(u"UPDATE Rilevamenti SET TArr=? WHERE IDEqu_FK=? AND IDPro_FK=?"_s, {tempo, idEqu, idPro});
-    if (idProssima != 0) {
-        esegui(u"UPDATE Rilevamenti SET TPar=? WHERE IDEqu_FK=? AND IDPro_FK=?"_s,
-               {tempo, idEqu, idProssima});
-    }
+    scriviLettura(u"TArr"_s, tempo, idEqu, idPro);
+    if (idProssima != 0)
+        scriviLettura(u"TPar"_s, tempo, idEqu, idProssima);
     transazione.conferma();
 }

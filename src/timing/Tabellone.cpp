@@ -2,6 +2,8 @@
 
 #include "timing/Porta.h"
 
+#include <cstdlib>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,14 +65,17 @@ QString tabellonePartito(int numero) {
 }
 
 QString tabelloneParziale(int centesimi, const QString& precisione) {
+    const int valore = std::abs(centesimi);  // an elapsed time may be less than the one before it
     QString testo;
     if (precisione == "SEC"_L1) {
-        testo = QString::number(centesimi / 100);
+        testo = QString::number(valore / 100);
     } else if (precisione == "DEC"_L1) {
-        testo = u"%1.%2"_s.arg(centesimi / 100).arg(centesimi % 100 / 10);
+        testo = u"%1.%2"_s.arg(valore / 100).arg(valore % 100 / 10);
     } else if (precisione == "CEN"_L1) {
-        testo = u"%1.%2"_s.arg(centesimi / 100).arg(centesimi % 100, 2, 10, QChar(u'0'));
+        testo = u"%1.%2"_s.arg(valore / 100).arg(valore % 100, 2, 10, QChar(u'0'));
     }
+    if (centesimi < 0 && !testo.isEmpty())
+        testo.prepend(u'-');
     return testo.rightJustified(7);
 }
 

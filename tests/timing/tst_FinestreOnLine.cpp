@@ -1,0 +1,622 @@
+#include "correction/ElencoEquipaggi.h"
+#include "correction/GrigliaRilevamenti.h"
+#include "simulatori/SimulatoreTabellone.h"
+#include "simulatori/SimulatoreTag.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
+#include "timing/frmClassificaDiProvaInTempoReale.h"
+#include "timing/frmRicezioneONLINE.h"
+#include "timing/frmRXONLINE.h"
+#include "timing/frmSelezionaRXONLINE.h"
+#include "timing/PortaSeriale.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+#include <QTreeWidget>
+
+// The windows of on-line reception, by their controls, with a chronometer and a scoreboard on the line.
+class tst_FinestreOnLine final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void albero();
+    void catenaSulTabellone_data();
+    void catenaSulTabellone();
+    void rifiuti_data();
+    void rifiuti();
+    void arresto_data();
+    void arresto();
+    void attesaNonSiChiude();
+    void datoErrato();
+    void cavoStaccato();
+    void datiEstranei_data();
+    void datiEstranei();
+    void archivioRifiuta();
+    void tabelloneStaccato();
+    void portaNonValida();
+    void numero();
+    void sceltaTabellone();
+    void impostazioni();
+    void correzioni();
+    void classifica();
+
+private:
+    // Opens the reception of the current crew with cmdRX and runs `durante` while its window is on show.
+    void ricevi(frmRicezioneONLINE& finestra, const std::function<void(frmRXONLINE&)>& durante);
+    [[nodiscard]] QString lettura(int prova, int idEqu = 0) const;
+
+    std::unique_ptr<ProgrammaDiProva> m_programma;
+    std::unique_ptr<PseudoTerminale> m_linea;
+    std::unique_ptr<PseudoTerminale> m_lineaTabellone;
+    std::unique_ptr<SimulatoreTag> m_tag;
+    std::unique_ptr<SimulatoreTabellone> m_tabellone;
+    QList<int> m_prove;  // a chain of three, then a test alone
+    int m_idEqu = 0;
+};
+
+namespace {
+
+constexpr auto Cronometro = 1;
+constexpr auto Tabellone = 2;
+
+template <typename T>
+T* controllo(const QWidget& finestra, const char* nome) {
+    T* trovato = finestra.findChild<T*>(QString::fromLatin1(nome));
+    if (!trovato)
+        qFatal("no control %s", nome);
+    return trovato;
+}
+
+QString testo(const QWidget& finestra, const char* nome) {
+    return controllo<QLabel>(finestra, nome)->text();
+}
+
+void premi(const QWidget& finestra, const char* nome) {
+    QTest::mouseClick(controllo<QPushButton>(finestra, nome), Qt::LeftButton);
+}
+
+void scrivi(QLineEdit* campo, const char* cosa) {
+    campo->selectAll();
+    QTest::keyClicks(campo, cosa);
+}
+
+QColor sfondo(const QWidget& finestra) {
+    return finestra.palette().color(QPalette::Window);
+}
+
+Catena catenaAttiva(int quale = 0) {
+    return elencaCatene(leggiProveCronometrate(IDMan))[quale];
+}
+
+// Runs once a window of that class is the active one.
+template <typename T>
+void quandoAperta(QObject* contesto, const std::function<void(T&)>& azione) {
+    auto* attesa = new QTimer(contesto);
+    QObject::connect(attesa, &QTimer::timeout, contesto, [=] {
+        auto* finestra = qobject_cast<T*>(QApplication::activeModalWidget());
+        if (!finestra)
+            return;
+        attesa->stop();
+        attesa->deleteLater();
+        azione(*finestra);
+        if (finestra->isVisible())
+            finestra->done(QDialog::Rejected);  // a failed check must not leave it open
+    });
+    attesa->start(1);
+}
+
+}  // namespace
+
+void tst_FinestreOnLine::init() {
+    AtteseRicezione = {.errore = 60, .fineProva = 60, .totale = 60};
+    AtteseLinea = {};
+    m_programma = std::make_unique<ProgrammaDiProva>();
+    nuovaManifestazione();
+    m_prove.clear();
+    for (int i = 1; i <= 4; ++i) {
+        const int conA = i == 2 || i == 3 ? m_prove.last() : 0;
+        m_prove << nuovaProva({{"Nom", QString("Castello %1").arg(i)}, {"ConA", conA}});
+    }
+    m_idEqu = nuovoEquipaggio(7);
+    nuovoEquipaggio(12, {{"Cog", "VERDI"}, {"CogNav", "NERI"}, {"Omo", ""}});
+    m_linea = std::make_unique<PseudoTerminale>(PercorsoApp, Cronometro);
+    m_lineaTabellone = std::make_unique<PseudoTerminale>(PercorsoApp, Tabellone);
+    m_tag = std::make_unique<SimulatoreTag>(Dispositivo::CP520, *m_linea);
+    m_tabellone = std::make_unique<SimulatoreTabellone>(*m_lineaTabellone);
+}
+
+void tst_FinestreOnLine::cleanup() {
+    QVERIFY(m_programma->dialoghi.finite());
+    m_tag.reset();
+    m_tabellone.reset();
+    m_linea.reset();
+    m_lineaTabellone.reset();
+    m_programma.reset();
+    AtteseRicezione = {};
+}
+
+void tst_FinestreOnLine::ricevi(frmRicezioneONLINE& finestra,
+                                const std::function<void(frmRXONLINE&)>& durante) {
+    finestra.show();
+    bool aperta = false;
+    quandoAperta<frmRXONLINE>(this, [&](frmRXONLINE& ricezione) {
+        aperta = true;
+        durante(ricezione);
+    });
+    premi(finestra, "cmdRX");
+    QVERIFY(aperta);
+    QVERIFY(!m_linea->attaccato() || QTest::qWaitFor([&] { return !m_linea->aperto(); }));
+}
+
+QString tst_FinestreOnLine::lettura(int prova, int idEqu) const {
+    Statement query("SELECT TPar,TArr FROM Rilevamenti WHERE IDEqu_FK=? AND IDPro_FK=?");
+    query.esegui({idEqu == 0 ? m_idEqu : idEqu, m_prove[prova - 1]});
+    return query.prossima() ? query.testo(0) + '>' + query.testo(1) : "none";
+}
+
+// The tree shows heads and what is chained to them; a chained test stands for its head.
+void tst_FinestreOnLine::albero() {
+    nuovaProva({{"Tip", "CO"}});
+    frmSelezionaRXONLINE finestra;
+    finestra.show();
+    auto* albero = controllo<QTreeWidget>(finestra, "trePro");
+    QCOMPARE(albero->topLevelItemCount(), 2);
+    QCOMPARE(albero->topLevelItem(0)->childCount(), 2);
+    QCOMPARE(albero->topLevelItem(0)->text(0), "Castello 1 00:01:00");
+    QCOMPARE(albero->topLevelItem(0)->child(1)->data(0, Qt::UserRole).toString(),
+             QString("PA%1").arg(m_prove[2]));
+
+    albero->setCurrentItem(albero->topLevelItem(0)->child(0));
+    QString scelta;
+    quandoAperta<frmRicezioneONLINE>(this, [&](frmRicezioneONLINE& ricezione) {
+        scelta = testo(ricezione, "lblPro");
+        premi(ricezione, "cmdEsci");
+    });
+    premi(finestra, "cmdSeleziona");
+    QCOMPARE(scelta, "Castello 1 00:01:00 - Castello 2 00:01:00 - Castello 3 00:01:00");
+
+    albero->clear();
+    m_programma->dialoghi.attendiMessaggio("Impossibile Selezionare", "Selezionare una Prova");
+    premi(finestra, "cmdSeleziona");
+}
+
+void tst_FinestreOnLine::catenaSulTabellone_data() {
+    QTest::addColumn<int>("dispositivo");
+    QTest::addColumn<int>("pezzo");
+    for (const int dispositivo : {0, 1}) {
+        for (const int pezzo : {0, 1, 7})
+            QTest::addRow("device %d by %d", dispositivo, pezzo) << dispositivo << pezzo;
+    }
+}
+
+// A crew runs a chain of three; everything that it and the public see, and what the archive holds.
+void tst_FinestreOnLine::catenaSulTabellone() {
+    QFETCH(int, dispositivo);
+    QFETCH(int, pezzo);
+    m_programma->impostazioni.valori = {
+        {"com/online", "1"}, {"com/tabellone", "2"}, {"chrono/offline", QString::number(dispositivo)}};
+    m_tag.reset();
+    m_tag = std::make_unique<SimulatoreTag>(static_cast<Dispositivo>(dispositivo), *m_linea);
+    m_tag->spezza(pezzo, 1);
+    AtteseRicezione.fineProva = 300;
+    AtteseRicezione.totale = 300;
+
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        QCOMPARE(testo(rx, "lblEqu"), "N. 7 - ROSSI-BIANCHI - LANCIA APRILIA");
+        QCOMPARE(testo(rx, "lblTempo"), "IN PARTENZA...");
+        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
+        QTRY_COMPARE(m_tabellone->mostrati(), QStringList({"      ", "PAr  7"}));
+        QCOMPARE(m_linea->formato(), "9600 8N1");
+
+        m_tag->partenza();
+        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
+        QCOMPARE(sfondo(rx), QColor(0, 192, 0));
+        QCOMPARE(lettura(1), "00:00:00:00>");
+        QTRY_VERIFY(testo(rx, "lblCron") > "00:00:00:00");
+
+        m_tag->tempo(6234);
+        QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 1 : 00:01:02:34");
+        QCOMPARE(testo(rx, "lblTempo"), "TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
+        QCOMPARE(sfondo(rx), QColor(255, 128, 0));
+        QCOMPARE(controllo<QLabel>(rx, "lblTempo")->font().pointSize(), 28);
+        QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+        QCOMPARE(lettura(2), "00:01:02:34>");
+
+        m_tag->tempo(12134);
+        QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
+        QVERIFY(controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
+        m_tag->tempo(18135);
+        QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 3 : 00:01:00:01");
+        QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
+        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
+        QTRY_COMPARE(testo(rx, "lblImp"), "PROVA TERMINATA");
+        QCOMPARE(testo(rx, "lblTempo"), "PENALITA' TOTALI DELLA PROVA : 335");
+        QCOMPARE(sfondo(rx), QColor(192, 255, 255));
+        QTRY_VERIFY(!rx.isVisible());
+    });
+    QCOMPARE(lettura(2), "00:01:02:34>00:02:01:34");
+    QCOMPARE(lettura(3), "00:02:01:34>00:03:01:35");
+    QCOMPARE(lettura(4), ">");
+    QTRY_COMPARE(m_tabellone->mostrati(),
+                 QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
+    QCOMPARE(m_tabellone->frameErrati(), 0);
+    QVERIFY(!m_lineaTabellone->aperto());
+    // The readings are on show behind it.
+    auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
+    QCOMPARE(griglia->modello().righe()[2].tArr, "00:03:01:35");
+    finestra.close();
+    QTRY_COMPARE(m_tabellone->mostrati().last(), "      ");
+}
+
+void tst_FinestreOnLine::rifiuti_data() {
+    QTest::addColumn<int>("partenze");  // before the last frame
+    QTest::addColumn<bool>("tempo");    // whether the last frame is a time
+    QTest::addColumn<QString>("avviso");
+    QTest::addColumn<QString>("letta");
+    QTest::newRow("no start") << 0 << true << "RESET NON ESEGUITO"
+                              << ">";
+    QTest::newRow("two starts") << 1 << false << "START CON VEICOLO IN PROVA"
+                                << "00:00:00:00>";
+}
+
+void tst_FinestreOnLine::rifiuti() {
+    QFETCH(int, partenze);
+    QFETCH(bool, tempo);
+    QFETCH(QString, avviso);
+    m_programma->impostazioni.valori = {{"com/tabellone", "2"}};
+    AtteseRicezione.errore = 300;
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        for (int i = 0; i < partenze; ++i)
+            m_tag->partenza();
+        tempo ? m_tag->tempo(6000) : m_tag->partenza();
+        QTRY_COMPARE(testo(rx, "lblTempo"), avviso);
+        QCOMPARE(sfondo(rx), QColor(255, 0, 0));
+        QCOMPARE(testo(rx, "lblImp"), "");
+        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
+        QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
+        // What comes meanwhile is no start.
+        m_tag->partenza();
+        QTRY_VERIFY(!rx.isVisible());
+    });
+    QTRY_COMPARE(m_tabellone->mostra(), SimulatoreTabellone::comeAppare("ERRORE"));
+    QTEST(lettura(1), "letta");
+}
+
+void tst_FinestreOnLine::arresto_data() {
+    QTest::addColumn<int>("tempi");  // -1: before the start
+    QTest::addColumn<bool>("pulsante");
+    QTest::addColumn<QString>("letta");
+    QTest::newRow("before the start") << -1 << true << ">";
+    QTest::newRow("in test") << 0 << true << "00:00:00:00>";
+    QTest::newRow("after a time") << 1 << true << "00:00:00:00>00:01:02:34";
+    QTest::newRow("window closed") << 1 << false << "00:00:00:00>00:01:02:34";
+}
+
+void tst_FinestreOnLine::arresto() {
+    QFETCH(int, tempi);
+    QFETCH(bool, pulsante);
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        if (tempi >= 0) {
+            m_tag->partenza();
+            QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
+        }
+        if (tempi > 0) {
+            m_tag->tempo(6234);
+            QTRY_VERIFY(testo(rx, "lblImp").startsWith("TEMPO N° 1"));
+        }
+        // In the middle of a frame.
+        m_tag->invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
+        if (pulsante)
+            premi(rx, "cmdArrestaRicezione");
+        else
+            rx.close();
+        QVERIFY(!rx.isVisible());
+        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
+    });
+    QTEST(lettura(1), "letta");
+    QCOMPARE(lettura(2).section('>', 1), "");
+    // The next run starts clean: the half frame is gone.
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->partenza();
+        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
+        premi(rx, "cmdArrestaRicezione");
+    });
+}
+
+void tst_FinestreOnLine::attesaNonSiChiude() {
+    AtteseRicezione.errore = 300;
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->tempo(6000);
+        QTRY_COMPARE(testo(rx, "lblTempo"), "RESET NON ESEGUITO");
+        rx.close();
+        QTest::keyClick(&rx, Qt::Key_Escape);
+        QVERIFY(rx.isVisible());
+        QTRY_VERIFY(!rx.isVisible());
+    });
+}
+
+void tst_FinestreOnLine::datoErrato() {
+    m_programma->dialoghi.attendiMessaggio(
+        "ATTENZIONE!",
+        "E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
+        "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520.",
+        Icona::Stop);
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->partenza();
+        m_tag->tempo(6234);
+        m_tag->tempo(32768);
+        QTRY_VERIFY(!rx.isVisible());
+    });
+    QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+    QCOMPARE(lettura(2), "00:01:02:34>");
+}
+
+void tst_FinestreOnLine::cavoStaccato() {
+    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->partenza();
+        m_tag->tempo(6234);
+        QTRY_VERIFY(testo(rx, "lblImp").startsWith("TEMPO N° 1"));
+        m_tag->invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
+        m_linea->stacca();
+        QTRY_VERIFY(!rx.isVisible());
+    });
+    QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+    QCOMPARE(lettura(2), "00:01:02:34>");
+
+    QVERIFY(m_programma->dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
+    // Still out: the window says so and stays usable; put back, it receives.
+    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+    premi(finestra, "cmdRX");
+    QVERIFY(m_programma->dialoghi.finite());
+    m_linea->attacca();
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->partenza();
+        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
+        rx.close();
+    });
+}
+
+void tst_FinestreOnLine::datiEstranei_data() {
+    QTest::addColumn<QByteArray>("dati");
+    QTest::newRow("burst of a megabyte") << QByteArray(1 << 20, 'x');
+    QTest::newRow("another device") << SimulatoreTag::framePartenza(Dispositivo::CP540) +
+                                           SimulatoreTag::frameTempo(Dispositivo::CP540, 6000);
+}
+
+void tst_FinestreOnLine::datiEstranei() {
+    QFETCH(QByteArray, dati);
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->invia(dati);
+        m_tag->partenza();
+        QVERIFY(!QTest::qWaitFor([&] { return testo(rx, "lblTempo") != "IN PARTENZA..."; }, 100));
+        premi(rx, "cmdArrestaRicezione");
+        QVERIFY(!rx.isVisible());
+    });
+    QCOMPARE(lettura(1), ">");
+}
+
+void tst_FinestreOnLine::archivioRifiuta() {
+    esegui(
+        QString("CREATE TRIGGER pieno BEFORE UPDATE OF TArr ON Rilevamenti WHEN NEW.IDPro_FK=%1 BEGIN SELECT "
+                "RAISE(ABORT,'disco pieno'); END")
+            .arg(m_prove[1]));
+    m_programma->dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        m_tag->partenza();
+        m_tag->tempo(6234);
+        m_tag->tempo(12000);
+        QTRY_VERIFY(!rx.isVisible());
+        QVERIFY(testo(rx, "lblImp").startsWith("TEMPO N° 1"));
+    });
+    QVERIFY(m_programma->dialoghi.viste().last().testo.contains("00:02:00:00"));
+    QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+}
+
+// The times go on without the scoreboard, and the window says what is wrong with it.
+void tst_FinestreOnLine::tabelloneStaccato() {
+    m_programma->impostazioni.valori = {{"com/tabellone", "2"}};
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        auto* avviso = controllo<QLabel>(rx, "lblAvvisoTabellone");
+        QVERIFY(!avviso->isVisible());
+        m_lineaTabellone->stacca();
+        m_tag->partenza();
+        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
+        QTRY_VERIFY(avviso->isVisible());
+        QVERIFY(avviso->text().startsWith("Tabellone : Errore n. : "));
+        m_lineaTabellone->attacca();
+        m_tag->tempo(6234);
+        QTRY_VERIFY(!avviso->isVisible());
+        QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+        premi(rx, "cmdArrestaRicezione");
+    });
+    QTRY_COMPARE(m_tabellone->mostra(), "  62.34");
+    m_lineaTabellone->stacca();
+    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+    finestra.close();
+    QVERIFY(!finestra.isVisible());
+}
+
+void tst_FinestreOnLine::portaNonValida() {
+    m_programma->impostazioni.valori = {{"com/online", "2"}, {"com/tabellone", "2"}};
+    frmRicezioneONLINE finestra(catenaAttiva());
+    finestra.show();
+    m_programma->dialoghi.attendiMessaggio("Porta COM NON Valida",
+                                           "La Porta COM 2 è Utilizzata dal Tabellone");
+    premi(finestra, "cmdRX");
+
+    // In use by another program.
+    PortaSeriale altra(Linea::Cronometro);
+    altra.impostaNumero(Cronometro);
+    QVERIFY(altra.apri());
+    controllo<QComboBox>(finestra, "cboPortaCOM")->setCurrentIndex(0);
+    m_programma->dialoghi.attendiMessaggio(
+        "Errore",
+        QString("Errore n. : %1 - Porta già in Uso oppure Accesso Negato").arg(QSerialPort::PermissionError));
+    premi(finestra, "cmdRX");
+    QCOMPARE(lettura(1), ">");
+}
+
+void tst_FinestreOnLine::numero() {
+    frmRicezioneONLINE finestra(catenaAttiva());
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    auto* txtNum = controllo<QLineEdit>(finestra, "txtNum");
+    auto* elenco = controllo<ElencoEquipaggi>(finestra, "lstEq");
+    const auto colore = [&] { return txtNum->palette().color(QPalette::Base); };
+    QCOMPARE(txtNum->text(), "7");
+    QVERIFY(txtNum->hasFocus());
+
+    struct Caso {
+        const char* scritto;
+        bool trovato;
+        int corrente;
+    };
+    for (const Caso caso : {Caso{"12", true, 12}, Caso{"99", false, 12}, Caso{"x7", true, 7}}) {
+        scrivi(txtNum, caso.scritto);
+        QCOMPARE(controllo<QPushButton>(finestra, "cmdRX")->isEnabled(), caso.trovato);
+        QCOMPARE(colore(), caso.trovato ? QColor(Qt::white) : QColor(192, 0, 0));
+        QCOMPARE(elenco->corrente()->num, caso.corrente);
+    }
+    // Red stays red whatever has the focus; an empty number is no crew.
+    QTest::keyClick(txtNum, Qt::Key_Backspace);
+    elenco->setFocus();
+    QCOMPARE(colore(), QColor(192, 0, 0));
+    txtNum->setFocus();
+    QCOMPARE(colore(), QColor(192, 0, 0));
+    // The list says the same as the number.
+    elenco->setCurrentItem(elenco->topLevelItem(1));
+    QCOMPARE(txtNum->text(), "12");
+    QCOMPARE(colore(), QColor(Qt::white));
+    QCOMPARE(testo(finestra, "lblEqu"), "N. 12 - VERDI-NERI - LANCIA APRILIA");
+    QVERIFY(controllo<QPushButton>(finestra, "cmdRX")->isEnabled());
+}
+
+void tst_FinestreOnLine::sceltaTabellone() {
+    const QString titolo = "Porta COM Tabellone";
+    const QString richiesta = "Inserire il Numero della Port COM (Seriale) a cui è Collegato il Tabellone";
+    frmRicezioneONLINE finestra(catenaAttiva());
+    finestra.show();
+    auto* spunta = controllo<QCheckBox>(finestra, "chkTabellone");
+    DialoghiDiProva& dialoghi = m_programma->dialoghi;
+    for (const auto& rinuncia : {std::optional<QString>(), std::optional<QString>("  ")}) {
+        dialoghi.attendiChiedi(titolo, richiesta, rinuncia);
+        spunta->click();
+        QVERIFY(!spunta->isChecked());
+        QCOMPARE(testo(finestra, "lblComTabellone"), "");
+    }
+    for (const char* errata : {"abc", "0", "10", "-2", "1,5"}) {
+        dialoghi.attendiChiedi(titolo, richiesta, errata);
+        dialoghi.attendiMessaggio("Attenzione", "Numero di Porta Errato");
+    }
+    const PseudoTerminale altra(PercorsoApp, 5);
+    m_lineaTabellone->stacca();
+    dialoghi.attendiChiedi(titolo, richiesta, "2");
+    dialoghi.attendiMessaggio("Errore", "Errore n. : 1 - Porta Inesistente");
+    dialoghi.attendiChiedi(titolo, richiesta, "1");
+    dialoghi.attendiMessaggio("Attenzione",
+                              "La Porta COM (Seriale) Selezionata\nè Stata già Assegnata al Cronometro.\n"
+                              "Selezionare un'altra Porta COM Disponibile");
+    dialoghi.attendiChiedi(titolo, richiesta, "5");
+    spunta->click();
+    QVERIFY(dialoghi.finite());
+    QVERIFY(spunta->isChecked());
+    QCOMPARE(testo(finestra, "lblComTabellone"), "(COM 5)");
+    spunta->click();
+    QCOMPARE(testo(finestra, "lblComTabellone"), "");
+}
+
+void tst_FinestreOnLine::impostazioni() {
+    auto& valori = m_programma->impostazioni.valori;
+    const auto apri = [](const QString& online, const QString& chrono, const QString& tabellone) {
+        frmRicezioneONLINE finestra(catenaAttiva());
+        QCOMPARE(controllo<QComboBox>(finestra, "cboPortaCOM")->currentText(), online);
+        QCOMPARE(controllo<QComboBox>(finestra, "cboChrono")->currentText(), chrono);
+        QCOMPARE(testo(finestra, "lblComTabellone"), tabellone);
+        QCOMPARE(controllo<QCheckBox>(finestra, "chkTabellone")->isChecked(), !tabellone.isEmpty());
+        finestra.show();
+        finestra.close();
+    };
+    apri("COM 1", "TAG CP520", "");
+    QCOMPARE(valori.value("com/tabellone"), "");
+    valori = {{"com/online", "4"}, {"chrono/offline", "1"}, {"com/tabellone", "2"}};
+    apri("COM 4", "TAG CP540", "(COM 2)");
+    QCOMPARE(valori.value("com/online"), "4");
+    QCOMPARE(valori.value("chrono/offline"), "1");
+    QCOMPARE(valori.value("com/tabellone"), "2");
+    valori = {{"com/online", "77"}, {"chrono/offline", "?"}, {"com/tabellone", "-1"}};
+    apri("COM 1", "TAG CP520", "");
+}
+
+// Readings are corrected in the grid as at reception: a time runs along the chain.
+void tst_FinestreOnLine::correzioni() {
+    frmRicezioneONLINE finestra(catenaAttiva());
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    auto* griglia = controllo<QTableView>(finestra, "grT");
+    griglia->setFocus();
+    griglia->setCurrentIndex(griglia->model()->index(0, ModelloRilevamenti::TempoPassaggio));
+    QCOMPARE(griglia->currentIndex().data().toString(), "00:00:00:00");  // a blank one
+    for (const char cifra : QByteArray("010234"))
+        QTest::keyClick(QApplication::focusWidget(), cifra);
+    // Left open: the window stores it before it goes on.
+    finestra.close();
+    QCOMPARE(lettura(1), ">00:01:02:34");
+    QCOMPARE(lettura(2), "00:01:02:34>");
+}
+
+void tst_FinestreOnLine::classifica() {
+    esegui("UPDATE Manifestazioni SET PenProNonSvo=1,NumPenProNonSvo=3000");
+    const auto prova = [&](int idEqu, int quale, const QString& tPar, const QString& tArr,
+                           double penAgg = 0) {
+        scriviRilevamento(idEqu, m_prove[quale - 1], tPar, tArr, penAgg);
+    };
+    // The whole chain, half of it, not started; a crew equal to another; test 4 belongs to no chain.
+    prova(m_idEqu, 1, "00:00:00:00", "00:01:00:10", 5);
+    prova(m_idEqu, 2, "00:01:00:10", "00:02:00:00");
+    prova(m_idEqu, 3, "00:02:00:00", "00:03:00:00");
+    prova(m_idEqu, 4, "00:00:00:00", "00:09:00:00");
+    const int meta = nuovoEquipaggio(3, {{"Cog", "GALLO"}});
+    prova(meta, 1, "00:00:00:00", "00:01:00:00");
+    const int pari = nuovoEquipaggio(1, {{"Cog", "PARI"}});
+    prova(pari, 1, "00:00:00:00", "00:01:00:25");
+    prova(pari, 2, "00:01:00:25", "00:02:00:25");
+    prova(pari, 3, "00:02:00:25", "00:03:00:25");
+    esegui("UPDATE Rilevamenti SET TPar=NULL WHERE IDEqu_FK=(SELECT IDEqu FROM Equipaggi WHERE Num=12)");
+
+    frmRicezioneONLINE finestra(catenaAttiva());
+    finestra.show();
+    QStringList righe;
+    quandoAperta<frmClassificaDiProvaInTempoReale>(this, [&](frmClassificaDiProvaInTempoReale& classifica) {
+        auto* lista = controllo<QTreeWidget>(classifica, "lstClas");
+        for (int r = 0; r < lista->topLevelItemCount(); ++r) {
+            QStringList celle;
+            for (int c = 0; c < lista->columnCount(); ++c)
+                celle << lista->topLevelItem(r)->text(c);
+            righe << celle.join('|');
+        }
+        premi(classifica, "cmdEsci");
+    });
+    premi(finestra, "cmdClassifica");
+    QCOMPARE(righe, QStringList({"1|1|PARI BIANCHI|LANCIA APRILIA|25", "2|7|ROSSI BIANCHI|LANCIA APRILIA|25",
+                                 "3|3|GALLO BIANCHI|LANCIA APRILIA|6.000"}));
+}
+
+PROVA_FINESTRE(tst_FinestreOnLine)
+#include "tst_FinestreOnLine.moc"

@@ -1,0 +1,278 @@
+#include "simulatori/SimulatoreTabellone.h"
+#include "simulatori/SimulatoreTag.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
+#include "timing/frmOrologio.h"
+#include "timing/PortaSeriale.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+// The scoreboard clock, with a chronometer on port 1 and a scoreboard on port 2.
+class tst_Orologio final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void inAttesaEInMoto();
+    void senzaPorte();
+    void portaNonDisponibile();
+    void stessaPorta();
+    void annullata();
+    void cambioDiFormato();
+    void nuovaSincronizzazione();
+    void impostazioni();
+    void staccato_data();
+    void staccato();
+    void chiusaInAttesa();
+
+private:
+    [[nodiscard]] QAbstractButton* opzione(const QString& nome) const;
+    [[nodiscard]] QPushButton* pulsante(const char* nome) const;
+    [[nodiscard]] QString orario() const;
+    [[nodiscard]] bool inAttesa() const;
+    void scegli(int formato);
+    void sincronizza(const char* riga);  // the chronometer sends a line with that time
+
+    std::unique_ptr<ProgrammaDiProva> m_programma;
+    std::unique_ptr<PseudoTerminale> m_lineaTag;
+    std::unique_ptr<PseudoTerminale> m_lineaTab;
+    std::unique_ptr<SimulatoreTag> m_tag;
+    std::unique_ptr<SimulatoreTabellone> m_tabellone;
+    std::unique_ptr<frmOrologio> m_finestra;
+};
+
+void tst_Orologio::init() {
+    m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno);
+    m_lineaTag = std::make_unique<PseudoTerminale>(PercorsoApp, 1);
+    m_lineaTab = std::make_unique<PseudoTerminale>(PercorsoApp, 2);
+    m_tag = std::make_unique<SimulatoreTag>(Dispositivo::CP520, *m_lineaTag);
+    m_tabellone = std::make_unique<SimulatoreTabellone>(*m_lineaTab);
+    m_finestra = std::make_unique<frmOrologio>();
+    m_finestra->show();
+}
+
+void tst_Orologio::cleanup() {
+    QVERIFY(m_programma->dialoghi.finite());
+    m_finestra.reset();
+    m_tag.reset();
+    m_tabellone.reset();
+    m_lineaTag.reset();
+    m_lineaTab.reset();
+    m_programma.reset();
+}
+
+QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
+    auto* trovata = m_finestra->findChild<QRadioButton*>(nome);
+    if (!trovata)
+        qFatal("no option %s", qPrintable(nome));
+    return trovata;
+}
+
+QPushButton* tst_Orologio::pulsante(const char* nome) const {
+    return m_finestra->findChild<QPushButton*>(QString::fromLatin1(nome));
+}
+
+QString tst_Orologio::orario() const {
+    return m_finestra->findChild<QLabel*>("lblOrario")->text();
+}
+
+bool tst_Orologio::inAttesa() const {
+    return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
+}
+
+void tst_Orologio::scegli(int formato) {
+    opzione("optCOMTAG_1")->click();
+    opzione("optCOMTAB_2")->click();
+    opzione(QString("optFormato_%1").arg(formato))->click();
+}
+
+void tst_Orologio::sincronizza(const char* ora) {
+    pulsante("cmdSynchro")->click();
+    QVERIFY(inAttesa());
+    QTRY_VERIFY(m_lineaTag->aperto());
+    m_tag->invia(QByteArray("A").leftJustified(15) + ora + "   \r");
+    QTRY_VERIFY(!inAttesa());
+}
+
+// The wait, the line that ends it whatever its mark and however it comes, the clock, the end.
+void tst_Orologio::inAttesaEInMoto() {
+    scegli(3);
+    QVERIFY(!inAttesa());
+    pulsante("cmdSynchro")->click();
+    QVERIFY(inAttesa());
+    QCOMPARE(m_finestra->findChild<QLabel*>("lblAttesa")->text(), "Attesa Sincronizzazione con TAG CP 520");
+    QTRY_VERIFY(m_lineaTag->aperto() && m_lineaTab->aperto());
+    QCOMPARE(m_lineaTag->formato(), "9600 8N1");
+    QCOMPARE(m_lineaTab->formato(), "19200 8N1");
+    m_tag->spezza(5, 1);
+    m_tag->invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
+    QCOMPARE(orario(), "");
+    QTRY_VERIFY(!inAttesa());
+    QTRY_VERIFY(!m_lineaTag->aperto());
+
+    QTRY_VERIFY(m_tabellone->mostrati().size() > 50);
+    QVERIFY(orario() > "34:56:78");
+    QVERIFY(m_tabellone->mostrati().first().startsWith("34 "));
+    QStringList ordinati = m_tabellone->mostrati();
+    std::sort(ordinati.begin(), ordinati.end());
+    QCOMPARE(m_tabellone->mostrati(), ordinati);
+    // What is on the board is what is in the window.
+    QTRY_COMPARE(m_tabellone->mostra(), SimulatoreTabellone::comeAppare(orario()));
+
+    pulsante("cmdEsci")->click();
+    QVERIFY(!m_finestra->isVisible());
+    QTRY_COMPARE(m_tabellone->mostra(), "      ");
+    QTRY_VERIFY(!m_lineaTab->aperto());
+    QCOMPARE(m_tabellone->frameErrati(), 0);
+}
+
+void tst_Orologio::senzaPorte() {
+    const QString titolo = "Impossibile Avviare la Sincronizzazione";
+    const QString testo = "Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG";
+    m_programma->dialoghi.attendiMessaggio(titolo, testo);
+    pulsante("cmdSynchro")->click();
+    opzione("optCOMTAG_1")->click();
+    m_programma->dialoghi.attendiMessaggio(titolo, testo);
+    pulsante("cmdSynchro")->click();
+    QVERIFY(!m_lineaTag->aperto());
+}
+
+void tst_Orologio::portaNonDisponibile() {
+    scegli(1);
+    m_lineaTag->stacca();
+    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
+                                           "Porta COM 1 NON Disponibile");
+    opzione("optCOMTAB_1")->click();
+    for (int i = 1; i <= 6; ++i)
+        QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
+    QVERIFY(opzione("optCOMTAG_1")->isChecked());
+    // Gone between the choice and its use.
+    opzione("optCOMTAB_2")->click();
+    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
+                                           "Porta COM 1 NON Disponibile");
+    pulsante("cmdSynchro")->click();
+    QVERIFY(!inAttesa());
+    m_lineaTag->attacca();
+    sincronizza("12:34:56.78");
+    QTRY_COMPARE(orario(), "12:34:57");
+}
+
+// One number may be chosen twice; it cannot be opened twice.
+void tst_Orologio::stessaPorta() {
+    opzione("optCOMTAG_2")->click();
+    opzione("optCOMTAB_2")->click();
+    QVERIFY(opzione("optCOMTAG_2")->isChecked());
+    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
+                                           "Porta COM 2 NON Disponibile");
+    pulsante("cmdSynchro")->click();
+    QVERIFY(!inAttesa());
+    QTRY_VERIFY(!m_lineaTab->aperto());
+}
+
+void tst_Orologio::annullata() {
+    scegli(3);
+    pulsante("cmdSynchro")->click();
+    QTRY_VERIFY(m_lineaTag->aperto());
+    m_tag->invia("half a line");
+    pulsante("cmdAnnulla")->click();
+    QVERIFY(!inAttesa());
+    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
+    // Nothing of it is left in the next one.
+    sincronizza("12:34:56.78");
+    QTRY_VERIFY(orario().startsWith("34:5"));
+}
+
+void tst_Orologio::cambioDiFormato() {
+    scegli(1);
+    sincronizza("12:34:56.78");
+    QCOMPARE(orario(), "");  // until the first tick
+    opzione("optFormato_3")->click();
+    QTRY_VERIFY(orario().startsWith("34:5"));
+    QVERIFY(orario() < "34:58:00");
+    opzione("optFormato_2")->click();
+    QTRY_VERIFY(orario().startsWith("2:34:"));
+}
+
+// The clock goes on while it waits for a new time.
+void tst_Orologio::nuovaSincronizzazione() {
+    scegli(3);
+    sincronizza("12:34:56.78");
+    QTRY_VERIFY(!orario().isEmpty());
+    pulsante("cmdSynchro")->click();
+    QVERIFY(inAttesa());
+    const QString prima = orario();
+    QTRY_VERIFY(orario() > prima);
+    pulsante("cmdAnnulla")->click();
+    const QString dopo = orario();
+    QTRY_VERIFY(orario() > dopo);
+    sincronizza("23:00:00.00");
+    QTRY_VERIFY(orario().startsWith("00:0"));
+}
+
+void tst_Orologio::impostazioni() {
+    scegli(2);
+    m_finestra->close();
+    const auto& valori = m_programma->impostazioni.valori;
+    QCOMPARE(valori.value("com/TABOrologio"), "2");
+    QCOMPARE(valori.value("com/TAGOrologio"), "1");
+    QCOMPARE(valori.value("Formato/FormatoOrologio"), "2");
+    m_finestra = std::make_unique<frmOrologio>();
+    QVERIFY(opzione("optCOMTAB_2")->isChecked());
+    QVERIFY(opzione("optCOMTAG_1")->isChecked());
+    QVERIFY(opzione("optFormato_2")->isChecked());
+    m_programma->impostazioni.valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
+    m_finestra = std::make_unique<frmOrologio>();
+    QVERIFY(opzione("optFormato_1")->isChecked());
+    QVERIFY(!opzione("optCOMTAG_1")->isChecked());
+}
+
+void tst_Orologio::staccato_data() {
+    QTest::addColumn<bool>("tabellone");
+    QTest::addColumn<bool>("inMoto");
+    QTest::newRow("scoreboard, waiting") << true << false;
+    QTest::newRow("scoreboard, running") << true << true;
+    QTest::newRow("chronometer, waiting") << false << false;
+}
+
+void tst_Orologio::staccato() {
+    QFETCH(bool, tabellone);
+    QFETCH(bool, inMoto);
+    scegli(3);
+    if (inMoto) {
+        sincronizza("12:34:56.78");
+        QTRY_VERIFY(m_tabellone->mostrati().size() > 5);
+    } else {
+        pulsante("cmdSynchro")->click();
+        QTRY_VERIFY(m_lineaTag->aperto());
+    }
+    PseudoTerminale& linea = tabellone ? *m_lineaTab : *m_lineaTag;
+    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+    linea.stacca();
+    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 1);
+    QVERIFY(!inAttesa());
+    QVERIFY(m_programma->dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
+    // Stopped, and ready to begin again.
+    const QString ferma = orario();
+    QVERIFY(!QTest::qWaitFor([&] { return orario() != ferma; }, 50));
+    linea.attacca();
+    sincronizza("12:34:56.78");
+    QTRY_VERIFY(orario() != ferma);
+}
+
+void tst_Orologio::chiusaInAttesa() {
+    scegli(1);
+    pulsante("cmdSynchro")->click();
+    QTRY_VERIFY(m_lineaTag->aperto());
+    m_finestra->close();
+    QVERIFY(!m_finestra->isVisible());
+    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
+    QTRY_COMPARE(m_tabellone->mostrati(), QStringList("      "));
+}
+
+PROVA_FINESTRE(tst_Orologio)
+#include "tst_Orologio.moc"
