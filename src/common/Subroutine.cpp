@@ -16,12 +16,15 @@ namespace {
 const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
 const QColor SfondoSelezione(0x00, 0x00, 0x80);  // stands out on the field's blue too
 
+// A disabled field keeps the look of one.
 void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
     QPalette colori = campo->palette();
-    for (const QPalette::ColorRole ruolo : {QPalette::Base, QPalette::Button})
-        colori.setColor(ruolo, sfondo);
-    for (const QPalette::ColorRole ruolo : {QPalette::Text, QPalette::ButtonText})
-        colori.setColor(ruolo, testo);
+    for (const QPalette::ColorGroup gruppo : {QPalette::Active, QPalette::Inactive}) {
+        for (const QPalette::ColorRole ruolo : {QPalette::Base, QPalette::Button})
+            colori.setColor(gruppo, ruolo, sfondo);
+        for (const QPalette::ColorRole ruolo : {QPalette::Text, QPalette::ButtonText})
+            colori.setColor(gruppo, ruolo, testo);
+    }
     colori.setColor(QPalette::Highlight, SfondoSelezione);
     colori.setColor(QPalette::HighlightedText, Qt::white);
     campo->setPalette(colori);

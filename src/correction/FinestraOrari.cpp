@@ -4,6 +4,7 @@
 #include "common/Subroutine.h"
 #include "common/Valori.h"
 #include "correction/ElencoOrari.h"
+#include "timing/frmRicezioneLista.h"
 
 #include <QPushButton>
 
@@ -26,9 +27,8 @@ void FinestraOrari::collega(const Controlli& controlli) {
     m_controlli = controlli;
     m_uscita.aggiungiMascherato(controlli.txtTem, Maschera::Ora);
     applicaFiltro(controlli.txtPrimoNumero, Filtro::Cifre);
-    // Comes alive with the reception of the times.
-    controlli.cmdRicezione->setEnabled(false);
     connect(controlli.cmdGenera, &QPushButton::clicked, this, &FinestraOrari::genera);
+    connect(controlli.cmdRicezione, &QPushButton::clicked, this, &FinestraOrari::ricevi);
     connect(controlli.cmdSalva, &QPushButton::clicked, this, &FinestraOrari::salva);
     connect(controlli.cmdEsci, &QPushButton::clicked, this, &QDialog::close);
 }
@@ -55,6 +55,18 @@ void FinestraOrari::genera() {
     if (!orari)
         return rifiuta(u"Il Numero dell'Equipaggio da Cui Iniziare NON Esiste"_s, m_controlli.txtPrimoNumero);
     m_controlli.lstOrari->mostra(*orari);
+}
+
+void FinestraOrari::ricevi() {
+    if (!m_uscita.risolvi())
+        return;
+    const auto consegna = [this](const QList<TempoInLista>& tempi) {
+        std::vector<OrarioPartenza> orari;
+        for (const TempoInLista& tempo : tempi)
+            orari.push_back({tempo.num, tempo.tempo, tempo.idEqu});
+        m_controlli.lstOrari->mostra(orari);
+    };
+    frmRicezioneLista(consegna, this).exec();
 }
 
 void FinestraOrari::salva() {

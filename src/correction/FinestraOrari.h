@@ -8,7 +8,7 @@
 class ElencoOrari;
 class QPushButton;
 
-// The two windows of start times: generating a list, saving it into the time controls, closing.
+// The two windows of start times: generating or receiving a list, saving it into the time controls, closing.
 class FinestraOrari : public Finestra {
     Q_OBJECT
 
@@ -41,6 +41,7 @@ protected:
 
 private:
     void genera();
+    void ricevi();  // from the chronometer, in place of the list
     void salva();
 
     Controlli m_controlli{};

@@ -157,6 +157,8 @@ void GrigliaRilevamenti::apri(ModoGriglia modo) {
     }
     m_grT->setMinimumWidth(digitate);
     m_grS->setFixedWidth(calcolate);
+    // Of a fixed size, a new total does not lay the whole window out again.
+    m_lblTotPen->setFixedSize(calcolate, m_lblTotPen->fontMetrics().height() + MargineRiga);
     // What is read at length takes the room that is left.
     m_grT->setColumnWidth(NomeProva, NomeAmpio);
     m_grT->horizontalHeader()->setSectionResizeMode(penalita ? DesPenAgg : NomeProva, QHeaderView::Stretch);

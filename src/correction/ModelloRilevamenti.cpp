@@ -222,7 +222,9 @@ bool ModelloRilevamenti::scriviDescrizione(int riga, const QString& testo) {
 void ModelloRilevamenti::ricalcola(int riga) {
     const auto posto = static_cast<std::size_t>(riga);
     m_calcoli[posto] = calcolaRiga(m_impostazione, m_asi, m_righe[posto]);
-    Q_EMIT dataChanged(index(riga, 0), index(riga, Colonne - 1));
+    // Cell by cell: a view paints itself whole for a range.
+    for (int colonna = TempoStart; colonna < Colonne; ++colonna)
+        Q_EMIT dataChanged(index(riga, colonna), index(riga, colonna));
 }
 
 void ModelloRilevamenti::fallita(const std::exception_ptr& errore) {

@@ -9,7 +9,7 @@
 
 struct OrarioPartenza {
     int num = 0;
-    QString ora;  // "hh:mm:ss.00"
+    QString ora;  // generated "hh:mm:ss.00", received "hh:mm:ss:cc"
     int idEqu = 0;
 };
 

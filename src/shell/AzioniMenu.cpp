@@ -19,6 +19,8 @@
 #include "shell/frmInformazioni.h"
 #include "shell/frmMain.h"
 #include "shell/ScaricoVersione.h"
+#include "timing/frmRicezioneOFFLINE.h"
+#include "timing/frmSelezionaRXONLINE.h"
 
 #include <QHash>
 
@@ -108,6 +110,8 @@ const QHash<QString, AzioneMenu>& azioni() {
         {u"mnuPenalitaAggiuntive"_s, finestra<frmPenalitaAggiuntive>()},
         {u"mnuOrariDiPartenza"_s, finestra<frmGestioneOrariDiPartenza>()},
         {u"mnuCreaRipartenza"_s, finestra<frmRipartenza>()},
+        {u"mnuRXONLINE"_s, finestra<frmSelezionaRXONLINE>()},
+        {u"mnuRXOFFLINE"_s, finestra<frmRicezioneOFFLINE>()},
         {u"mnuModuloIscrizioni"_s, finestra<frmModuloIscrizioni>()},
         {u"mnuClasAssoluta"_s, classifica({.soloSvolte = true})},
         {u"mnuClasASI"_s, classifica({.tipo = 1, .soloSvolte = true})},

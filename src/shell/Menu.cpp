@@ -95,8 +95,6 @@ constexpr const char16_t* NonAncora[] = {
     u"mnuModuloIscrizionirapido",
     u"mnuPrezzi",
     u"mnuQuote",
-    u"mnuRXONLINE",
-    u"mnuRXOFFLINE",
     u"mnuClasSquadre",
     u"mnuClasProva",
     u"mnuClasGioSqu",

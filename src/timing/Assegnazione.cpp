@@ -3,7 +3,9 @@
 #include "archive/Statement.h"
 #include "common/Funzioni.h"
 
+#include <algorithm>
 #include <QSet>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +22,18 @@ QHash<int, const EquipaggioCronometrato*> perNumero(const QList<EquipaggioCronom
     return indice;
 }
 
+QVariantList valoriTempRil(std::span<const TempoRicevuto> tempi) {
+    QVariantList valori;
+    valori.reserve(static_cast<qsizetype>(tempi.size()) * 5);
+    for (const TempoRicevuto& t : tempi) {
+        const bool start = t.ruolo == Ruolo::Start;
+        valori << t.idPro << (t.idEqu == 0 ? QVariant() : QVariant(t.idEqu))
+               << (start ? QVariant(t.tempo) : QVariant()) << (start ? QVariant() : QVariant(t.tempo))
+               << t.num;
+    }
+    return valori;
+}
+
 // Writes one column of the readings from TempRil; the last time received counts.
 void riversa(const QString& colonna) {
     esegui(
@@ -29,6 +43,12 @@ void riversa(const QString& colonna) {
 }
 
 }  // namespace
+
+QString RecordScartato::testo() const {
+    if (motivo == Motivo::TroppiTempi)
+        return u"Troppi Tempi"_s;
+    return record.numero == 0 ? u"Senza Numero"_s : u"Equipaggio NON Iscritto"_s;
+}
 
 QList<EquipaggioCronometrato> leggiEquipaggi(int idMan) {
     Statement query(
@@ -43,13 +63,12 @@ QList<EquipaggioCronometrato> leggiEquipaggi(int idMan) {
     return equipaggi;
 }
 
-void aggiungiTempi(QList<TempoRicevuto>& tempi, const Pressostato& pressostato, const RecordScarico& record,
-                   int idEqu, const Taglio& taglia, const std::function<bool(const QString& tipo)>& asi) {
-    for (const Bersaglio& bersaglio : pressostato) {
-        const QString tipo = bersaglio.tipo();
-        tempi << TempoRicevuto{bersaglio.idPro, idEqu, record.numero, bersaglio.ruolo(),
-                               taglia(record.tempo, asi(tipo), tipo)};
-    }
+void aggiungiTempi(QList<TempoRicevuto>& tempi, const QList<Destinazione>& destinazioni,
+                   const RecordScarico& record, int idEqu, const Taglio& taglia,
+                   const std::function<bool(const QString& tipo)>& asi) {
+    for (const Destinazione& d : destinazioni)
+        tempi << TempoRicevuto{d.idPro, idEqu, record.numero, d.ruolo,
+                               taglia(record.tempo, asi(d.tipo), d.tipo)};
 }
 
 EsitoAssegnazione assegnaTempi(const QList<RecordScarico>& record,
@@ -58,6 +77,7 @@ EsitoAssegnazione assegnaTempi(const QList<RecordScarico>& record,
                                const Taglio& taglia,
                                const std::function<void(const RecordScarico&)>& valido) {
     const QHash<int, const EquipaggioCronometrato*> iscritti = perNumero(equipaggi);
+    const QList<QList<Destinazione>> destinazioni = leggiDestinazioni(scelti);
     QHash<int, qsizetype> ricevuti;
     NumeroCorrente numero(soloPrimoPressostato);
     EsitoAssegnazione esito;
@@ -74,7 +94,7 @@ EsitoAssegnazione assegnaTempi(const QList<RecordScarico>& record,
             esito.scartati << RecordScartato{r, RecordScartato::Motivo::TroppiTempi};
             continue;
         }
-        aggiungiTempi(esito.tempi, scelti[k], r, equipaggio->idEqu, taglia,
+        aggiungiTempi(esito.tempi, destinazioni[k], r, equipaggio->idEqu, taglia,
                       [equipaggio](const QString&) { return equipaggio->asi; });
         ++esito.validi;
         if (valido)
@@ -107,12 +127,15 @@ void azzeraScarico(Azzera azzera) {
 }
 
 void inserisciTempRil(const QList<TempoRicevuto>& tempi) {
-    Statement inserimento(u"INSERT INTO TempRil (IDPro_FK,IDEqu_FK,TPar,TArr,Num) VALUES (?,?,?,?,?)"_s);
-    for (const TempoRicevuto& t : tempi) {
-        const bool start = t.ruolo == Ruolo::Start;
-        inserimento.esegui({t.idPro, t.idEqu == 0 ? QVariant() : QVariant(t.idEqu),
-                            start ? QVariant(t.tempo) : QVariant(), start ? QVariant() : QVariant(t.tempo),
-                            t.num});
+    // Many rows a statement: most of the cost is the running of one.
+    constexpr qsizetype RighePerIstruzione = 100;
+    for (qsizetype da = 0; da < tempi.size();) {
+        const qsizetype quante = std::min(RighePerIstruzione, tempi.size() - da);
+        QStringList righe(quante, u"(?,?,?,?,?)"_s);
+        Statement inserimento(u"INSERT INTO TempRil (IDPro_FK,IDEqu_FK,TPar,TArr,Num) VALUES "_s +
+                              righe.join(u','));
+        for (; tempi.size() - da >= quante; da += quante)
+            inserimento.esegui(valoriTempRil(std::span(tempi).subspan(da, quante)));
     }
 }
 

@@ -35,6 +35,8 @@ struct RecordScartato {
     enum class Motivo { SenzaEquipaggio, TroppiTempi };
     RecordScarico record;  // with the number that counted for it
     Motivo motivo = Motivo::SenzaEquipaggio;
+
+    [[nodiscard]] QString testo() const;  // the reason, in the words of the error search
 };
 
 struct EsitoAssegnazione {
@@ -68,8 +70,9 @@ EsitoAssegnazione assegnaTempi(const QList<RecordScarico>& record,
                                const std::function<void(const RecordScarico&)>& valido = {});
 
 // One reading per target of the switch.
-void aggiungiTempi(QList<TempoRicevuto>& tempi, const Pressostato& pressostato, const RecordScarico& record,
-                   int idEqu, const Taglio& taglia, const std::function<bool(const QString& tipo)>& asi);
+void aggiungiTempi(QList<TempoRicevuto>& tempi, const QList<Destinazione>& destinazioni,
+                   const RecordScarico& record, int idEqu, const Taglio& taglia,
+                   const std::function<bool(const QString& tipo)>& asi);
 
 // Reception by list: every record of an entered crew, in order, cut as for a time control.
 struct TempoInLista {

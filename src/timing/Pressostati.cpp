@@ -66,6 +66,17 @@ QList<Pressostato> elencaPressostati(const QList<ProvaCronometrata>& prove) {
     return pressostati;
 }
 
+QList<QList<Destinazione>> leggiDestinazioni(const QList<Pressostato>& pressostati) {
+    QList<QList<Destinazione>> tutte;
+    for (const Pressostato& pressostato : pressostati) {
+        QList<Destinazione> destinazioni;
+        for (const Bersaglio& bersaglio : pressostato)
+            destinazioni << Destinazione{bersaglio.idPro, bersaglio.ruolo(), bersaglio.tipo()};
+        tutte << destinazioni;
+    }
+    return tutte;
+}
+
 QString difettoScelta(const QList<int>& righe) {
     if (righe.isEmpty())
         return u"Selezionare Almeno un Pressostato"_s;

@@ -27,6 +27,14 @@ struct Bersaglio {
 
 using Pressostato = QList<Bersaglio>;  // one to three, no two alike
 
+// What the texts of a switch's targets say, read once for all its records.
+struct Destinazione {
+    int idPro = 0;
+    Ruolo ruolo = Ruolo::Arrivo;
+    QString tipo;
+};
+QList<QList<Destinazione>> leggiDestinazioni(const QList<Pressostato>& pressostati);
+
 QList<ProvaCronometrata> leggiProveCronometrate(int idMan);  // in their order
 QList<Pressostato> elencaPressostati(const QList<ProvaCronometrata>& prove);
 

@@ -89,6 +89,7 @@ EsitoRicerca ricercaErrori(const QList<RecordScarico>& record, const QList<Equip
                            const QList<Pressostato>& scelti, bool soloPrimoPressostato, const Taglio& taglia,
                            const ClasseNonIscritto& classe) {
     Conteggi conteggi(equipaggi);
+    const QList<QList<Destinazione>> destinazioni = leggiDestinazioni(scelti);
     NumeroCorrente numero(soloPrimoPressostato);
     EsitoRicerca esito;
     for (RecordScarico r : record) {
@@ -107,7 +108,7 @@ EsitoRicerca ricercaErrori(const QList<RecordScarico>& record, const QList<Equip
             esito.scartati << TempoScartato{r.numero, r.tempo};
             continue;
         }
-        aggiungiTempi(esito.tempi, scelti[k], r, equipaggio ? equipaggio->idEqu : 0, taglia,
+        aggiungiTempi(esito.tempi, destinazioni[k], r, equipaggio ? equipaggio->idEqu : 0, taglia,
                       [&](const QString& tipo) { return equipaggio ? equipaggio->asi : classe(tipo); });
         ++esito.validi;
     }

@@ -36,7 +36,7 @@ PseudoTerminale::PseudoTerminale(const QString& cartellaProgramma, int numero) {
 
 PseudoTerminale::~PseudoTerminale() {
     stacca();
-    if (QFile::symLinkTarget(m_collegamento) == m_dispositivo)
+    if (QFile::symLinkTarget(m_collegamento) == dispositivoAssente())
         QFile::remove(m_collegamento);
 }
 
@@ -71,6 +71,15 @@ void PseudoTerminale::stacca() {
     m_padrone = -1;
     m_uscita.clear();
     m_apertura.invalidate();
+    // The system soon gives the device's name to somebody else's terminal: the link must not lead there.
+    if (QFile::symLinkTarget(m_collegamento) == m_dispositivo) {
+        QFile::remove(m_collegamento);
+        QFile::link(dispositivoAssente(), m_collegamento);
+    }
+}
+
+QString PseudoTerminale::dispositivoAssente() const {
+    return m_dispositivo + u"-staccato"_s;
 }
 
 bool PseudoTerminale::aperto() const {

@@ -33,6 +33,7 @@ Q_SIGNALS:
 private:
     void giro();
     void svuotaUscita();
+    [[nodiscard]] QString dispositivoAssente() const;
 
     QString m_collegamento;
     QString m_dispositivo;

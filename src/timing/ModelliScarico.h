@@ -1,0 +1,58 @@
+#pragma once
+
+#include "timing/Assegnazione.h"
+
+#include <QAbstractTableModel>
+
+// What the download windows show in their grids.
+
+// The received readings, as `TempRil` holds them.
+class ModelloTempRil final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Colonna { Numero, Equipaggio, Prova, TempoStart, TempoPassaggio, Colonne };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void ricarica();           // reads the table again, in the order last asked for
+    void ordina(int colonna);  // by that column; without it, as they came
+
+    int rowCount(const QModelIndex& padre = {}) const override;
+    int columnCount(const QModelIndex& padre = {}) const override;
+    QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
+    QVariant headerData(int sezione, Qt::Orientation verso, int ruolo = Qt::DisplayRole) const override;
+
+private:
+    struct Riga {
+        int num = 0;
+        int idEqu = 0;
+        int idPro = 0;
+        QString tPar;
+        QString tArr;
+    };
+    QList<Riga> m_righe;
+    QHash<int, QString> m_equipaggi;  // names, by key
+    QHash<int, QString> m_prove;
+    int m_ordine = -1;
+};
+
+// The records of the last download that became no reading.
+class ModelloScartati final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Colonna { Numero, Tempo, Motivo, Colonne };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void mostra(const QList<RecordScartato>& scartati);
+
+    int rowCount(const QModelIndex& padre = {}) const override;
+    int columnCount(const QModelIndex& padre = {}) const override;
+    QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
+    QVariant headerData(int sezione, Qt::Orientation verso, int ruolo = Qt::DisplayRole) const override;
+
+private:
+    QList<RecordScartato> m_scartati;
+};

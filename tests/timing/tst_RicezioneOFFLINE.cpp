@@ -1,0 +1,348 @@
+#include "BancoScarico.h"
+#include "supporto/ProvaFinestre.h"
+#include "timing/frmRicezioneProvediMedia.h"
+
+#include <QHeaderView>
+#include <QSignalSpy>
+
+// The download windows on real pseudo-terminals, when all goes well and when the operator is refused.
+class tst_RicezioneOFFLINE final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_gara = std::make_unique<Gara>(); }
+    void cleanup() { m_gara.reset(); }
+    void pressostati();
+    void scelta_data();
+    void scelta();
+    void scarico520();
+    void scarico540();
+    void rispostaVuota_data();
+    void rispostaVuota();
+    void numeroSoloAlPrimo();
+    void chiusura();
+    void impostazioni_data();
+    void impostazioni();
+    void salvataggioInterrotto();
+    void proveDiMedia();
+
+private:
+    DialoghiDiProva& dialoghi() { return m_gara->programma.dialoghi; }
+    void attendiRicevuti(int validi, int previsti) {
+        dialoghi().attendiMessaggio(
+            "Ricezione OK",
+            QString("Ricezione Terminata\nRicevuti %1 Rilevamenti Validi\nSu %2 Tempi Previsti da Ricevere")
+                .arg(validi)
+                .arg(previsti),
+            Icona::Informazione);
+    }
+    // A TAG CP520 download from the start button to its end.
+    template <typename Banco>
+    void scarica520(Banco& banco, SimulatoreTag& tag) {
+        banco.premi("cmdIniziaRicezione");
+        QCOMPARE(banco.stato(), "ATTESA DATI\nDA TAG CP 520");
+        QVERIFY(m_gara->linea.aperto());
+        tag.trasmetti();
+        QTRY_VERIFY(banco.ferma());
+        QVERIFY(dialoghi().finite());
+        QVERIFY(!m_gara->linea.aperto());
+    }
+
+    std::unique_ptr<Gara> m_gara;
+};
+
+void tst_RicezioneOFFLINE::pressostati() {
+    BancoOFFLINE banco;
+    const auto* lista = banco.trova<ElencoPressostati>("lstPre");
+    QStringList righe;
+    for (int i = 0; i < lista->topLevelItemCount(); ++i) {
+        QStringList celle;
+        for (int j = 0; j < lista->columnCount(); ++j)
+            celle << lista->topLevelItem(i)->text(j);
+        righe << celle.join(u'/');
+    }
+    const auto chiave = [](int id) { return QString::number(id); };
+    QCOMPARE(righe, QStringList({"ARRIVO -> CO - Partenza - 00:01:00/" + chiave(m_gara->co1) + "////",
+                                 "START  -> PA - Salita - 00:01:00/" + chiave(m_gara->pa1) + "////",
+                                 "ARRIVO -> PA - Salita - 00:01:00/" + chiave(m_gara->pa1) +
+                                     "/START  -> PA - Discesa - 00:01:00/" + chiave(m_gara->pa2) + "//",
+                                 "ARRIVO -> PA - Discesa - 00:01:00/" + chiave(m_gara->pa2) + "////",
+                                 "ARRIVO -> CO - Arrivo - 00:01:00/" + chiave(m_gara->co2) + "////"}));
+    QCOMPARE(banco.trova<QCheckBox>("chkNumero")->text(),
+             "&Viene Passato il Numero dell'Equipaggio Solamente per il Primo Pressostato");
+}
+
+void tst_RicezioneOFFLINE::scelta_data() {
+    QTest::addColumn<QList<int>>("righe");
+    QTest::addColumn<QString>("testo");
+    QTest::newRow("none") << QList<int>{} << "Selezionare Almeno un Pressostato";
+    for (const auto& [nome, righe] :
+         {std::pair{"a gap", QList<int>{1, 3}}, {"two ends", QList<int>{0, 1, 4}}})
+        QTest::newRow(nome) << righe
+                            << "I Pressostati Selezionati Devono Essere\nAppartenenti a Prove Consecutive";
+}
+
+// A refused start has already emptied what was left of the download before.
+void tst_RicezioneOFFLINE::scelta() {
+    QFETCH(QList<int>, righe);
+    QFETCH(QString, testo);
+    for (const char* tabella : {"TempRil", "ErroriSca", "TempScar"})
+        esegui(QString("INSERT INTO %1 (Num) VALUES (1)").arg(tabella));
+    BancoOFFLINE banco;
+    QCOMPARE(banco.griglia("grTempi").size(), 1);
+    banco.spunta(righe);
+    dialoghi().attendiMessaggio("Impossibile Ricevere", testo);
+    banco.premi("cmdIniziaRicezione");
+    QVERIFY(dialoghi().finite());
+    QVERIFY(banco.ferma());
+    QVERIFY(!m_gara->linea.aperto());
+    QCOMPARE(banco.griglia("grTempi").size(), 0);
+    for (const char* tabella : {"TempRil", "ErroriSca", "TempScar"})
+        QCOMPARE(contaRighe(tabella), 0);
+}
+
+void tst_RicezioneOFFLINE::scarico520() {
+    SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
+    for (const auto& [numero, ora] : {std::pair{7, QTime(10, 0, 0, 470)},
+                                      {1, QTime(10, 1, 0, 470)},
+                                      {0, QTime(10, 1, 5)},
+                                      {7, QTime(9, 0, 59, 980)},
+                                      {9, QTime(10, 2)},
+                                      {7, QTime(10, 3)},
+                                      {1, QTime(10, 2, 1, 230)}})
+        tag.registra(numero, ora);
+    // One of the readings that a crew had before; the other kind of time must stay.
+    scriviRilevamento(m_gara->equipaggi[0], m_gara->pa1, "08:00:00:00", "08:08:08:00");
+    scriviRilevamento(m_gara->equipaggi[0], m_gara->pa2, "", "08:09:09:00");
+    BancoOFFLINE banco;
+    auto* lista = banco.trova<ElencoPressostati>("lstPre");
+    for (const int riga : {1, 2}) {
+        lista->setCurrentItem(lista->topLevelItem(riga));
+        QTest::keyClick(lista, Qt::Key_Space);
+    }
+    attendiRicevuti(4, 6);
+    scarica520(banco, tag);
+    QCOMPARE(banco.stato(),
+             "ELABORAZIONE \nTERMINATA\nRicevuti 4 Rilevamenti Validi\n"
+             "Su 6 Tempi Previsti da Ricevere");
+    QCOMPARE(banco.trova<QLabel>("lblInfo")->text(), "Eq. N. : 1 --> T.: 10:02:01:23");
+    // Positional, whatever the clock says; cut by class and kind.
+    const QStringList ricevuti{"7/ROSSI BIANCHI/Salita/10:00:00:00/", "1/ROSSI BIANCHI/Salita/10:01:00:40/",
+                               "7/ROSSI BIANCHI/Salita//09:00:59:00", "7/ROSSI BIANCHI/Discesa/09:00:59:00/",
+                               "1/ROSSI BIANCHI/Salita//10:02:01:20", "1/ROSSI BIANCHI/Discesa/10:02:01:20/"};
+    QCOMPARE(banco.griglia("grTempi"), ricevuti);
+    QCOMPARE(banco.griglia("grScartati"),
+             QStringList({"/10:01:05:00/Senza Numero", "9/10:02:00:00/Equipaggio NON Iscritto",
+                          "7/10:03:00:00/Troppi Tempi"}));
+    // A header sorts, and its order is kept for the rows that are equal.
+    auto* titoli = banco.trova<QTableView>("grTempi")->horizontalHeader();
+    QTest::mouseClick(titoli->viewport(), Qt::LeftButton, {}, QPoint(titoli->sectionPosition(0) + 5, 8));
+    QCOMPARE(banco.griglia("grTempi"),
+             QStringList({ricevuti[1], ricevuti[4], ricevuti[5], ricevuti[0], ricevuti[2], ricevuti[3]}));
+    QCOMPARE(Gara::rilevamentiScritti(), 2);
+
+    dialoghi().attendiMessaggio("Salvataggio OK", "Salvataggio Completato", Icona::Informazione);
+    banco.premi("cmdSalva");
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(Gara::rilevamento(m_gara->equipaggi[0], m_gara->pa1), "10:01:00:40|10:02:01:20");
+    QCOMPARE(Gara::rilevamento(m_gara->equipaggi[0], m_gara->pa2), "10:02:01:20|08:09:09:00");
+    QCOMPARE(Gara::rilevamento(m_gara->equipaggi[2], m_gara->pa1), "10:00:00:00|09:00:59:00");
+    QCOMPARE(Gara::rilevamentiScritti(), 4);
+    QCOMPARE(contaRighe("Prove", QString("Svo=1 AND IDPro IN (%1,%2)").arg(m_gara->pa1).arg(m_gara->pa2)), 2);
+    QCOMPARE(contaRighe("Prove", "Svo=1"), 2);
+    QCOMPARE(banco.griglia("grTempi").size(), 0);
+
+    dialoghi().attendiMessaggio("Impossibile Salvare i Tempi", "Nessun Tempo Ricevuto");
+    banco.premi("cmdSalva");
+    QVERIFY(dialoghi().finite());
+}
+
+// Identity, heats that are none, a heat that the device does not know, then the right one.
+void tst_RicezioneOFFLINE::scarico540() {
+    SimulatoreTag tag(Dispositivo::CP540, m_gara->linea);
+    tag.setSerie("98765");
+    tag.scegliManche(7);
+    tag.registra(2, QTime(14, 30, 15, 990));
+    tag.registra(5, QTime(14, 30, 16));
+    tag.spezza(5, 1);
+    BancoOFFLINE banco;
+    banco.dispositivo(Dispositivo::CP540);
+    banco.spunta({4});
+    const StatiMostrati mostrati(banco.trova<QLabel>("lblStatus"));
+    const char* titolo = "Inserimento Numero della Manche da Scaricare";
+    const char* testo = "Numero della Manche da Scaricare";
+    for (const char* sbagliata : {"0", "100", "x", "1,5", "-3", " "}) {
+        dialoghi().attendiChiedi(titolo, testo, sbagliata);
+        dialoghi().attendiMessaggio("Attenzione", "Numero di Manche NON Corretto");
+    }
+    dialoghi().attendiChiedi(titolo, testo, "12");
+    dialoghi().attendiMessaggio("Impossibile Ricevere i Tempi", "Numero di Manche Errato");
+    dialoghi().attendiChiedi(titolo, testo, "7");
+    attendiRicevuti(1, 3);
+    banco.premi("cmdIniziaRicezione");
+    QTRY_VERIFY(banco.ferma());
+    QCOMPARE(mostrati.stati, QStringList({"ATTESA RISPOSTA\nDA TAG CP540",
+                                          "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 98765",
+                                          "RICEZIONE\nIN CORSO", "ELABORAZIONE\nIN CORSO",
+                                          "ELABORAZIONE \nTERMINATA\nRicevuti 1 Rilevamenti Validi\n"
+                                          "Su 3 Tempi Previsti da Ricevere"}));
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(tag.comandi(), QList<QByteArray>({"#ID\t", "#DL_12\t", "#DL_7\t"}));
+    QCOMPARE(banco.griglia("grTempi"), QStringList({"2/ROSSI BIANCHI/Arrivo//14:30:00:00"}));
+    QCOMPARE(banco.griglia("grScartati"), QStringList({"5/14:30:16:00/Equipaggio NON Iscritto"}));
+}
+
+void tst_RicezioneOFFLINE::rispostaVuota_data() {
+    QTest::addColumn<bool>("annullata");
+    QTest::newRow("empty") << false;
+    QTest::newRow("cancelled") << true;
+}
+
+void tst_RicezioneOFFLINE::rispostaVuota() {
+    QFETCH(bool, annullata);
+    SimulatoreTag tag(Dispositivo::CP540, m_gara->linea);
+    BancoOFFLINE banco;
+    banco.dispositivo(Dispositivo::CP540);
+    banco.spunta({0});
+    dialoghi().attendiChiedi({}, {}, annullata ? std::nullopt : std::optional(QString("")));
+    banco.premi("cmdIniziaRicezione");
+    QVERIFY(!banco.trova("lstPre")->isEnabled());
+    QTRY_VERIFY(banco.ferma());
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(banco.stato(), "");
+    QVERIFY(!m_gara->linea.aperto());
+    QCOMPARE(tag.comandi(), QList<QByteArray>({"#ID\t"}));
+}
+
+void tst_RicezioneOFFLINE::numeroSoloAlPrimo() {
+    SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
+    for (const int numero : {0, 2, 0, 1, 0})
+        tag.registra(numero, QTime(11, 0, numero));
+    BancoOFFLINE banco;
+    banco.spunta({1, 2});
+    banco.trova<QCheckBox>("chkNumero")->click();
+    attendiRicevuti(4, 6);
+    scarica520(banco, tag);
+    QCOMPARE(banco.griglia("grScartati"), QStringList({"/11:00:00:00/Senza Numero"}));
+    QCOMPARE(banco.griglia("grTempi").mid(0, 3),
+             QStringList({"2/ROSSI BIANCHI/Salita/11:00:02:00/", "2/ROSSI BIANCHI/Salita//11:00:00:00",
+                          "2/ROSSI BIANCHI/Discesa/11:00:00:00/"}));
+}
+
+void tst_RicezioneOFFLINE::chiusura() {
+    SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
+    tag.registra(1, QTime(11, 0));
+    BancoOFFLINE banco;
+    banco.spunta({0});
+    attendiRicevuti(1, 3);
+    scarica520(banco, tag);
+    QCOMPARE(contaRighe("TempRil"), 1);
+    banco.premi("cmdEsci");
+    QVERIFY(!banco.finestra.isVisible());
+    QCOMPARE(contaRighe("TempRil"), 0);
+    QCOMPARE(Gara::rilevamentiScritti(), 0);
+}
+
+void tst_RicezioneOFFLINE::impostazioni_data() {
+    QTest::addColumn<QString>("porta");
+    QTest::addColumn<QString>("dispositivo");
+    QTest::addColumn<QString>("numero");
+    QTest::addColumn<QString>("letti");
+    QTest::newRow("none yet") << QString() << QString() << QString() << "COM 1/TAG CP520/0";
+    QTest::newRow("as left") << "9"
+                             << "1"
+                             << "1"
+                             << "COM 9/TAG CP540/1";
+    QTest::newRow("spoilt") << "12"
+                            << "x"
+                            << ""
+                            << "COM 1/TAG CP520/0";
+}
+
+void tst_RicezioneOFFLINE::impostazioni() {
+    QFETCH(QString, porta);
+    QFETCH(QString, dispositivo);
+    QFETCH(QString, numero);
+    QFETCH(QString, letti);
+    auto& valori = m_gara->programma.impostazioni.valori;
+    if (!porta.isNull())
+        valori = {{"com/offline", porta}, {"chrono/offline", dispositivo}, {"numero/offline", numero}};
+    frmRicezioneOFFLINE finestra;
+    auto* cboPortaCOM = finestra.findChild<QComboBox*>("cboPortaCOM");
+    auto* cboChrono = finestra.findChild<QComboBox*>("cboChrono");
+    auto* chkNumero = finestra.findChild<QCheckBox*>("chkNumero");
+    QCOMPARE(QString("%1/%2/%3")
+                 .arg(cboPortaCOM->currentText(), cboChrono->currentText())
+                 .arg(chkNumero->isChecked()),
+             letti);
+    QCOMPARE(cboPortaCOM->count(), 9);
+    cboPortaCOM->setCurrentText("COM 4");
+    cboChrono->setCurrentText("TAG CP540");
+    chkNumero->setChecked(true);
+    finestra.show();
+    finestra.close();
+    QCOMPARE(valori.value("com/offline"), "4");
+    QCOMPARE(valori.value("chrono/offline"), "1");
+    QCOMPARE(valori.value("numero/offline"), "1");
+}
+
+// All or nothing: a reading that cannot be written leaves the others, and what was received, as they were.
+void tst_RicezioneOFFLINE::salvataggioInterrotto() {
+    SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
+    tag.registra(1, QTime(11, 0));
+    tag.registra(2, QTime(11, 1));
+    BancoOFFLINE banco;
+    banco.spunta({0});
+    attendiRicevuti(2, 3);
+    scarica520(banco, tag);
+    esegui(QString("CREATE TRIGGER guasto BEFORE UPDATE ON Rilevamenti WHEN NEW.IDEqu_FK=%1 "
+                   "BEGIN SELECT RAISE(ABORT,'disco guasto'); END")
+               .arg(m_gara->equipaggi[1]));
+    dialoghi().attendiMessaggio({}, {}, Icona::Stop);
+    banco.premi("cmdSalva");
+    QVERIFY(dialoghi().viste().last().testo.contains("disco guasto"));
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(Gara::rilevamentiScritti(), 0);
+    QCOMPARE(contaRighe("Prove", "Svo=1"), 0);
+    QCOMPARE(banco.griglia("grTempi").size(), 2);
+    esegui("DROP TRIGGER guasto");
+    dialoghi().attendiMessaggio("Salvataggio OK", "Salvataggio Completato", Icona::Informazione);
+    banco.premi("cmdSalva");
+    QCOMPARE(Gara::rilevamentiScritti(), 2);
+}
+
+// The same on the TAG CP520 alone, without the figure of expected times; what the error search left stays.
+void tst_RicezioneOFFLINE::proveDiMedia() {
+    m_gara->programma.impostazioni.valori = {{"com/offline", "2"}, {"numero/offline", "1"}};
+    esegui("INSERT INTO ErroriSca (Num) VALUES (1)");
+    esegui("INSERT INTO TempScar (Num) VALUES (1)");
+    esegui("INSERT INTO TempRil (Num) VALUES (1)");
+    SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
+    tag.registra(1, QTime(11, 0));
+    tag.registra(0, QTime(11, 1));
+    BancoScarico<frmRicezioneProvediMedia> banco;
+    QVERIFY(!banco.finestra.findChild<QComboBox*>("cboChrono"));
+    QVERIFY(banco.trova<QCheckBox>("chkNumero")->isChecked());
+    dialoghi().attendiMessaggio("Impossibile Ricevere", "Selezionare Almeno un Pressostato");
+    banco.premi("cmdIniziaRicezione");
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(contaRighe("TempRil"), 0);
+
+    banco.spunta({2, 3});
+    dialoghi().attendiMessaggio("Ricezione OK", "Ricezione Terminata\nRicevuti 2 Rilevamenti Validi",
+                                Icona::Informazione);
+    scarica520(banco, tag);
+    QCOMPARE(banco.stato(), "ELABORAZIONE \nTERMINATA\nRicevuti 2 Rilevamenti Validi");
+    QCOMPARE(banco.griglia("grTempi").size(), 3);
+    dialoghi().attendiMessaggio("Salvataggio OK", "Salvataggio Completato", Icona::Informazione);
+    banco.premi("cmdSalva");
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(Gara::rilevamento(m_gara->equipaggi[0], m_gara->pa2), "11:00:00:00|11:01:00:00");
+    QCOMPARE(contaRighe("ErroriSca") + contaRighe("TempScar"), 2);
+    banco.premi("cmdEsci");
+    QCOMPARE(m_gara->programma.impostazioni.valori.size(), 2);
+    QVERIFY(!m_gara->programma.impostazioni.valori.contains("chrono/offline"));
+}
+
+PROVA_FINESTRE(tst_RicezioneOFFLINE)
+#include "tst_RicezioneOFFLINE.moc"
