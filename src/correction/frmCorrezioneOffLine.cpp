@@ -31,10 +31,11 @@ frmCorrezioneOffLine::~frmCorrezioneOffLine() = default;
 
 void frmCorrezioneOffLine::mostraScartati(int num) {
     for (const TempoScartato& tempo : leggiTempiScartati()) {
-        if (tempo.num == 0)
+        if (tempo.num == 0) {
             m_ui->lstTempiScartati->addItem(tempo.tempo + u"  (senza numero)"_s);
-        else if (tempo.num == num)
+        } else if (tempo.num == num) {
             m_ui->lstTempiScartati->addItem(tempo.tempo);
+        }
     }
 }
 

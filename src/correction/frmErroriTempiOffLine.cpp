@@ -15,6 +15,9 @@ frmErroriTempiOffLine::frmErroriTempiOffLine(QWidget* padre)
     m_ui->setupUi(this);
     m_ui->divisore->setSizes({800, 200});
     QTableWidget* griglia = m_ui->gridErrori;
+    griglia->setColumnCount(Colonne);
+    griglia->setHorizontalHeaderLabels(
+        {u"IDEqu"_s, u"Numero"_s, u"Equipaggio"_s, u"Tempo"_s, u"Errore"_s, u"Vedi"_s});
     griglia->hideColumn(Chiave);
     griglia->verticalHeader()->hide();
     griglia->horizontalHeader()->setHighlightSections(false);
@@ -37,14 +40,16 @@ frmErroriTempiOffLine::~frmErroriTempiOffLine() = default;
 void frmErroriTempiOffLine::riempi() {
     QHash<int, QStringList> scartati;
     for (const TempoScartato& tempo : leggiTempiScartati()) {
-        if (tempo.num == 0)
+        if (tempo.num == 0) {
             m_ui->lstTempiSenzaNumero->addItem(tempo.tempo);
-        else
+        } else {
             scartati[tempo.num] << tempo.tempo;
+        }
     }
-    for (const ErroreScarico& errore : leggiErrori())
+    for (const ErroreScarico& errore : leggiErrori()) {
         AggiungiRiga(errore.idEqu, errore.num, errore.equipaggio, scartati.value(errore.num).join(u", "_s),
                      errore.testo());
+    }
 }
 
 void frmErroriTempiOffLine::AggiungiRiga(int idEqu, int numero, const QString& equipaggio,

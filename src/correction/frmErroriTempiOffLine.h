@@ -28,7 +28,7 @@ protected:
     bool puoChiudere() override;
 
 private:
-    enum Colonna { Chiave, Numero, Equipaggio, Tempo, TestoErrore, Vedi };
+    enum Colonna { Chiave, Numero, Equipaggio, Tempo, TestoErrore, Vedi, Colonne };
 
     void riempi();
     void correggi(int riga);

@@ -66,9 +66,10 @@ QList<EquipaggioCronometrato> leggiEquipaggi(int idMan) {
 void aggiungiTempi(QList<TempoRicevuto>& tempi, const QList<Destinazione>& destinazioni,
                    const RecordScarico& record, int idEqu, const Taglio& taglia,
                    const std::function<bool(const QString& tipo)>& asi) {
-    for (const Destinazione& d : destinazioni)
+    for (const Destinazione& d : destinazioni) {
         tempi << TempoRicevuto{d.idPro, idEqu, record.numero, d.ruolo,
                                taglia(record.tempo, asi(d.tipo), d.tipo)};
+    }
 }
 
 EsitoAssegnazione assegnaTempi(const QList<RecordScarico>& record,

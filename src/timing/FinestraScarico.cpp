@@ -34,9 +34,10 @@ FinestraScarico::FinestraScarico(QWidget* padre) : Finestra(padre) {
 void FinestraScarico::collega(const Controlli& controlli, const QString& chiave) {
     m_controlli = controlli;
     m_chiave = chiave;
-    if (m_controlli.cboChrono)
+    if (m_controlli.cboChrono) {
         m_controlli.cboChrono->addItems(
             {nomeDispositivo(Dispositivo::CP520), nomeDispositivo(Dispositivo::CP540)});
+    }
     for (int porta = 1; porta <= PortaMassima; ++porta)
         m_controlli.cboPortaCOM->addItem(u"COM %1"_s.arg(porta));
     leggiImpostazioni();
@@ -78,12 +79,13 @@ void FinestraScarico::inizia() {
     if (!prepara())
         return;
     blocca(true, m_controlli.cmdArrestaRicezione);
-    if (!m_scaricamento.inizia(dispositivo(), m_controlli.cboPortaCOM->currentIndex() + 1))
+    if (!m_scaricamento.inizia(dispositivo(), m_controlli.cboPortaCOM->currentIndex() + 1)) {
         avvisaGuasto();
-    else if (dispositivo() == Dispositivo::CP520)
+    } else if (dispositivo() == Dispositivo::CP520) {
         stato().mostra({u"ATTESA DATI"_s, u"DA TAG CP 520"_s}, Tono::Attesa);
-    else
+    } else {
         stato().mostra({u"ATTESA RISPOSTA"_s, u"DA TAG CP540"_s}, Tono::Attesa);
+    }
 }
 
 void FinestraScarico::arresta() {
@@ -112,10 +114,11 @@ void FinestraScarico::chiediManche() {
     stato().mostra({u"Collegamento Stabilito"_s, u"Con TAG CP540"_s,
                     u"Numero di Serie : "_s + m_scaricamento.numeroDiSerie()},
                    Tono::Attesa);
-    if (const std::optional<QString> manche = ::chiediManche())
+    if (const std::optional<QString> manche = ::chiediManche()) {
         m_scaricamento.manche(*manche);
-    else
+    } else {
         arresta();
+    }
 }
 
 void FinestraScarico::processa(const QByteArray& flusso) {

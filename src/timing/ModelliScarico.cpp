@@ -15,6 +15,8 @@ constexpr const char* Ordini[ModelloTempRil::Colonne] = {
     "Num,", "(SELECT coalesce(Cog,'')||' '||coalesce(CogNav,'') FROM Equipaggi WHERE IDEqu=IDEqu_FK),",
     "IDPro_FK,", "TPar,", "TArr,"};
 
+constexpr int RigheBlocco = 1000;
+
 QHash<int, QString> leggiNomi(const QString& sql) {
     Statement query(sql);
     query.esegui();
@@ -32,20 +34,42 @@ void ModelloTempRil::ricarica() {
         "WHERE IDEqu IN (SELECT IDEqu_FK FROM TempRil)"_s);
     QHash<int, QString> prove =
         leggiNomi(u"SELECT IDPro,Nom FROM Prove WHERE IDPro IN (SELECT IDPro_FK FROM TempRil)"_s);
-    QList<Riga> righe;
-    {
-        const QString ordine = m_ordine < 0 ? QString() : QString::fromLatin1(Ordini[m_ordine]);
-        Statement query(
-            u"SELECT Num,IDEqu_FK,IDPro_FK,TPar,TArr FROM TempRil ORDER BY %1rowid"_s.arg(ordine));
-        query.esegui();
-        while (query.prossima())
-            righe.append({query.intero(0), query.intero(1), query.intero(2), query.testo(3), query.testo(4)});
-    }
+    const int quante = leggiValore(u"SELECT count(*) FROM TempRil"_s)->toInt();
+    QList<Riga> righe = leggiBlocco(0);
     beginResetModel();
     m_equipaggi.swap(equipaggi);
     m_prove.swap(prove);
     m_righe.swap(righe);
+    m_quante = quante;
     endResetModel();
+}
+
+QList<ModelloTempRil::Riga> ModelloTempRil::leggiBlocco(qsizetype da) const {
+    const QString ordine = m_ordine < 0 ? QString() : QString::fromLatin1(Ordini[m_ordine]);
+    Statement query(
+        u"SELECT Num,IDEqu_FK,IDPro_FK,TPar,TArr FROM TempRil ORDER BY %1rowid LIMIT ? OFFSET ?"_s.arg(
+            ordine));
+    query.esegui({RigheBlocco, da});
+    QList<Riga> righe;
+    while (query.prossima())
+        righe.append({query.intero(0), query.intero(1), query.intero(2), query.testo(3), query.testo(4)});
+    return righe;
+}
+
+bool ModelloTempRil::canFetchMore(const QModelIndex& padre) const {
+    return !padre.isValid() && m_righe.size() < m_quante;
+}
+
+void ModelloTempRil::fetchMore(const QModelIndex& /*padre*/) {
+    const QList<Riga> altre = leggiBlocco(m_righe.size());
+    if (altre.isEmpty()) {
+        m_quante = static_cast<int>(m_righe.size());  // the table has been emptied meanwhile
+        return;
+    }
+    const int prima = static_cast<int>(m_righe.size());
+    beginInsertRows({}, prima, prima + static_cast<int>(altre.size()) - 1);
+    m_righe << altre;
+    endInsertRows();
 }
 
 void ModelloTempRil::ordina(int colonna) {

@@ -6,7 +6,7 @@
 
 // What the download windows show in their grids.
 
-// The received readings, as `TempRil` holds them.
+// The received readings, as `TempRil` holds them: the first ones at once, the others as they come into sight.
 class ModelloTempRil final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -22,6 +22,8 @@ public:
     int columnCount(const QModelIndex& padre = {}) const override;
     QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
     QVariant headerData(int sezione, Qt::Orientation verso, int ruolo = Qt::DisplayRole) const override;
+    bool canFetchMore(const QModelIndex& padre) const override;
+    void fetchMore(const QModelIndex& padre) override;
 
 private:
     struct Riga {
@@ -31,7 +33,10 @@ private:
         QString tPar;
         QString tArr;
     };
+    [[nodiscard]] QList<Riga> leggiBlocco(qsizetype da) const;
+
     QList<Riga> m_righe;
+    int m_quante = 0;                 // rows of the table
     QHash<int, QString> m_equipaggi;  // names, by key
     QHash<int, QString> m_prove;
     int m_ordine = -1;

@@ -32,7 +32,7 @@ struct Gara {
         co2 = nuovaProva({{"Tip", "CO"}, {"Nom", "Arrivo"}, {"ConA", co1}, {"Svo", 0}});
         for (const int num : {1, 2})
             equipaggi << nuovoEquipaggio(num);
-        equipaggi << nuovoEquipaggio(7, {{"Omo", ""}});
+        equipaggi << nuovoEquipaggio(7, {{"Omo", ""}, {"Cog", "AGOSTI"}});
     }
     ~Gara() { AtteseLinea = {}; }
     Q_DISABLE_COPY_MOVE(Gara)

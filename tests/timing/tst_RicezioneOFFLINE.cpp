@@ -16,6 +16,7 @@ private Q_SLOTS:
     void scelta_data();
     void scelta();
     void scarico520();
+    void moltiTempi();
     void scarico540();
     void rispostaVuota_data();
     void rispostaVuota();
@@ -127,18 +128,26 @@ void tst_RicezioneOFFLINE::scarico520() {
              "Su 6 Tempi Previsti da Ricevere");
     QCOMPARE(banco.trova<QLabel>("lblInfo")->text(), "Eq. N. : 1 --> T.: 10:02:01:23");
     // Positional, whatever the clock says; cut by class and kind.
-    const QStringList ricevuti{"7/ROSSI BIANCHI/Salita/10:00:00:00/", "1/ROSSI BIANCHI/Salita/10:01:00:40/",
-                               "7/ROSSI BIANCHI/Salita//09:00:59:00", "7/ROSSI BIANCHI/Discesa/09:00:59:00/",
-                               "1/ROSSI BIANCHI/Salita//10:02:01:20", "1/ROSSI BIANCHI/Discesa/10:02:01:20/"};
+    const QStringList ricevuti{
+        "7/AGOSTI BIANCHI/Salita/10:00:00:00/", "1/ROSSI BIANCHI/Salita/10:01:00:40/",
+        "7/AGOSTI BIANCHI/Salita//09:00:59:00", "7/AGOSTI BIANCHI/Discesa/09:00:59:00/",
+        "1/ROSSI BIANCHI/Salita//10:02:01:20",  "1/ROSSI BIANCHI/Discesa/10:02:01:20/"};
     QCOMPARE(banco.griglia("grTempi"), ricevuti);
     QCOMPARE(banco.griglia("grScartati"),
              QStringList({"/10:01:05:00/Senza Numero", "9/10:02:00:00/Equipaggio NON Iscritto",
                           "7/10:03:00:00/Troppi Tempi"}));
-    // A header sorts, and its order is kept for the rows that are equal.
+    // A header sorts; rows that are equal keep the order in which they came.
     auto* titoli = banco.trova<QTableView>("grTempi")->horizontalHeader();
-    QTest::mouseClick(titoli->viewport(), Qt::LeftButton, {}, QPoint(titoli->sectionPosition(0) + 5, 8));
-    QCOMPARE(banco.griglia("grTempi"),
-             QStringList({ricevuti[1], ricevuti[4], ricevuti[5], ricevuti[0], ricevuti[2], ricevuti[3]}));
+    const QList<QList<int>> ordini{
+        {1, 4, 5, 0, 2, 3}, {0, 2, 3, 1, 4, 5}, {0, 1, 2, 4, 3, 5}, {2, 4, 3, 0, 1, 5}, {0, 1, 3, 5, 2, 4}};
+    for (int colonna = 0; colonna < ordini.size(); ++colonna) {
+        QStringList attesi;
+        for (const int riga : ordini[colonna])
+            attesi << ricevuti[riga];
+        QTest::mouseClick(titoli->viewport(), Qt::LeftButton, {},
+                          QPoint(titoli->sectionViewportPosition(colonna) + 5, 8));
+        QCOMPARE(banco.griglia("grTempi"), attesi);
+    }
     QCOMPARE(Gara::rilevamentiScritti(), 2);
 
     dialoghi().attendiMessaggio("Salvataggio OK", "Salvataggio Completato", Icona::Informazione);
@@ -155,6 +164,29 @@ void tst_RicezioneOFFLINE::scarico520() {
     dialoghi().attendiMessaggio("Impossibile Salvare i Tempi", "Nessun Tempo Ricevuto");
     banco.premi("cmdSalva");
     QVERIFY(dialoghi().finite());
+}
+
+// A long table comes into the grid as it is scrolled, in the order asked for, once each.
+void tst_RicezioneOFFLINE::moltiTempi() {
+    {
+        Transazione transazione;
+        Statement riga("INSERT INTO TempRil (IDPro_FK,IDEqu_FK,TArr,Num) VALUES (?,?,?,?)");
+        for (int i = 0; i < 2500; ++i)
+            riga.esegui({m_gara->co1, m_gara->equipaggi[0], "10:00:00:00", 2500 - i});
+        transazione.conferma();
+    }
+    BancoOFFLINE banco;
+    auto* griglia = banco.trova<QTableView>("grTempi");
+    QTest::mouseClick(griglia->horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(5, 8));
+    while (griglia->model()->canFetchMore({})) {
+        const int prima = griglia->model()->rowCount();
+        griglia->scrollToBottom();
+        QTRY_VERIFY(griglia->model()->rowCount() > prima);
+    }
+    const QStringList righe = banco.griglia("grTempi");
+    QCOMPARE(righe.size(), 2500);
+    for (int i = 0; i < 2500; ++i)
+        QCOMPARE(righe[i], QString("%1/ROSSI BIANCHI/Partenza//10:00:00:00").arg(i + 1));
 }
 
 // Identity, heats that are none, a heat that the device does not know, then the right one.

@@ -8,17 +8,21 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QTextStream>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int PassoOcchio = 5;  // milliseconds between two looks for a window
+constexpr std::chrono::seconds MassimaAttesa{20};
 
 void racconta(const QString& testo) {
     QTextStream(stdout) << testo << Qt::endl;
@@ -37,8 +41,7 @@ Regia::Regia(const QString& cartella) : m_cartella(cartella) {
     Dialoghi::installa(this);
     Anteprima::installa(this);
     Impostazioni::installa(this);
-    QObject::connect(&m_occhio, &QTimer::timeout, qApp, [this] { guarda(); });
-    m_occhio.start(PassoOcchio);
+    guardaAncora();
 }
 
 Regia::~Regia() {
@@ -51,12 +54,19 @@ void Regia::quandoSiApre(const QString& finestra, const std::function<void(QWidg
     m_attese << Attesa{finestra, azione};
 }
 
+// A timer of its own each time: an action may open another window and wait inside it.
+void Regia::guardaAncora() {
+    QTimer::singleShot(PassoOcchio, this, [this] { guarda(); });
+}
+
 void Regia::guarda() {
+    guardaAncora();
     QWidget* finestra = QApplication::activeModalWidget();
     if (!finestra || m_attese.isEmpty() || finestra->objectName() != m_attese.constFirst().finestra)
         return;
     const Attesa attesa = m_attese.takeFirst();
     try {
+        attendi(u"la finestra è attiva"_s, [&] { return finestra->isActiveWindow(); });
         attesa.azione(*finestra);
     } catch (const std::exception& errore) {
         guasto(u"%1: %2"_s.arg(attesa.finestra, QString::fromUtf8(errore.what())));
@@ -101,6 +111,31 @@ void Regia::scegliVoce(QWidget& finestra, const QString& combo, const QString& t
 
 void Regia::premi(QWidget& finestra, const QString& pulsante) {
     controllo<QAbstractButton>(finestra, pulsante).click();
+}
+
+void Regia::digita(const QString& testo) {
+    for (const QChar c : testo)
+        tasto(c.unicode(), c);
+}
+
+void Regia::tasto(int tasto, const QString& testo) {
+    QWidget* bersaglio = QApplication::focusWidget();
+    if (!bersaglio)
+        throw Errore(u"nessun controllo ha il fuoco"_s);
+    for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent evento(tipo, tasto, Qt::NoModifier, testo);
+        QApplication::sendEvent(QApplication::focusWidget() ? QApplication::focusWidget() : bersaglio,
+                                &evento);
+    }
+}
+
+void Regia::attendi(const QString& che, const std::function<bool()>& condizione) {
+    const QDeadlineTimer scadenza(MassimaAttesa);
+    while (!condizione()) {
+        if (scadenza.hasExpired())
+            throw Errore(u"attesa inutile: "_s + che);
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, PassoOcchio);
+    }
 }
 
 QWidget* Regia::trova(QWidget& finestra, const QString& nome) {

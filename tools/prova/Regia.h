@@ -7,15 +7,15 @@
 #include <functional>
 #include <QHash>
 #include <QList>
+#include <QObject>
 #include <QString>
-#include <QTimer>
 
 class frmMain;
 class QWidget;
 
 // The stand-in for the operator in a rehearsal: chooses from the menu, works the windows that open, answers
 // the boxes and keeps what comes out, reports as PDF files and windows as pictures, in one folder.
-class Regia final : public Dialoghi, public Anteprima, public Impostazioni {
+class Regia final : public QObject, public Dialoghi, public Anteprima, public Impostazioni {
 public:
     explicit Regia(const QString& cartella);
     Q_DISABLE_COPY_MOVE(Regia)
@@ -33,6 +33,10 @@ public:
     void scrivi(QWidget& finestra, const QString& campo, const QString& testo);
     void scegliVoce(QWidget& finestra, const QString& combo, const QString& testo);
     void premi(QWidget& finestra, const QString& pulsante);
+    void digita(const QString& testo);  // into the control that has the focus
+    void tasto(int tasto, const QString& testo = {});
+    // Lets the program go on until the condition holds; throws when it does not in good time.
+    void attendi(const QString& che, const std::function<bool()>& condizione);
     // What the next input boxes and file dialogs are answered; without any, what they propose.
     void rispondi(const QString& risposta) { m_risposte << risposta; }
     // The title of a box that may come; any other failure box ends the rehearsal as failed.
@@ -59,12 +63,12 @@ private:
         std::function<void(QWidget&)> azione;
     };
     void guarda();
+    void guardaAncora();
     void guasto(const QString& testo);
     QWidget* trova(QWidget& finestra, const QString& nome);
     QString prossimaRisposta(const QString& proposta);
 
     QString m_cartella;
-    QTimer m_occhio;
     QList<Attesa> m_attese;
     QStringList m_risposte;
     QStringList m_ammessi;

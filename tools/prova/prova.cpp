@@ -44,6 +44,9 @@ void recita(Regia& regia) {
     scenaClassifiche(regia, *principale);
     scenaStampe(regia, *principale);
     scenaManifestazione(regia, *principale);
+    scenaIscrizioni(regia, *principale);
+    scenaCronometri(regia, *principale);
+    scenaTempi(regia, *principale);
     regia.scegli(*principale, u"mnuEsci"_s);
 }
 
