@@ -103,7 +103,7 @@ QString leggiFile(const QString& percorso) {
     if (!file.open(QIODevice::ReadOnly))
         throw Errore(u"Il file %1 non si può leggere: %2."_s.arg(percorso, file.errorString()));
     QStringDecoder decodifica(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString testo = decodifica(file.readAll());
+    QString testo = decodifica(file.readAll());
     if (decodifica.hasError())
         throw Errore(u"Il file %1 non è un testo UTF-8."_s.arg(percorso));
     return testo;

@@ -250,10 +250,11 @@ QString sqlColonna(const Colonna& colonna) {
 QString sqlCreaTabella(const Tabella& tabella, int primaDelPasso) {
     QStringList colonne;
     for (const Colonna& colonna : tabella.colonne) {
-        if (primaDelPasso == 0 || colonna.passo < primaDelPasso)
+        if (primaDelPasso == 0 || colonna.passo < primaDelPasso) {
             colonne << sqlColonna(colonna);
-        else if (colonna.passo == 14)  // the one column that an upgrade alters rather than adds
+        } else if (colonna.passo == 14) {  // the one column that an upgrade alters rather than adds
             colonne << u"[%1] INTEGER"_s.arg(QLatin1String(colonna.nome));
+        }
     }
     return u"CREATE TABLE %1 (%2)"_s.arg(QLatin1String(tabella.nome), colonne.join(u", "));
 }

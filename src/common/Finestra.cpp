@@ -130,12 +130,13 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
 
 void Finestra::keyPressEvent(QKeyEvent* evento) {
     auto* pulsante = qobject_cast<QPushButton*>(focusWidget());
-    if (evento->key() == Qt::Key_F1)
+    if (evento->key() == Qt::Key_F1) {
         mostraAiuto(this);
-    else if (invio(*evento) && pulsante)
+    } else if (invio(*evento) && pulsante) {
         pulsante->click();
-    else
+    } else {
         QDialog::keyPressEvent(evento);
+    }
 }
 
 void Finestra::closeEvent(QCloseEvent* evento) {

@@ -101,8 +101,9 @@ void AlberoTempi::ripristina(const QString& chiave) {
 }
 
 void AlberoTempi::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus)
+    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus) {
         evento->ignore();
-    else
+    } else {
         QTreeWidget::keyPressEvent(evento);
+    }
 }

@@ -142,14 +142,15 @@ void DelegatoRilevamenti::initStyleOption(QStyleOptionViewItem* opzioni, const Q
     opzioni->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
     const QModelIndex corrente = m_griglia->currentIndex();
     Tinta tinta{Qt::white, Qt::black};
-    if (const QVariant stile = indice.data(ModelloRilevamenti::RuoloStile); stile.isValid())
+    if (const QVariant stile = indice.data(ModelloRilevamenti::RuoloStile); stile.isValid()) {
         tinta = tintaScarto(static_cast<StileScarto>(stile.toInt()));
-    else if (indice == corrente)
+    } else if (indice == corrente) {
         tinta = {SfondoCella, Qt::white};
-    else if (indice.row() == corrente.row())
+    } else if (indice.row() == corrente.row()) {
         tinta.sfondo = SfondoRiga;
-    else if (!modello(indice).modificabile(indice.column()))
+    } else if (!modello(indice).modificabile(indice.column())) {
         tinta.sfondo = QColor(0xF6, 0xF6, 0xF4);
+    }
     opzioni->backgroundBrush = tinta.sfondo;
     opzioni->palette.setColor(QPalette::Text, tinta.testo);
     opzioni->font.setBold(indice.row() == corrente.row());

@@ -68,8 +68,9 @@ QString ElencoEquipaggi::etichetta() const {
 }
 
 void ElencoEquipaggi::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus)
+    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus) {
         evento->ignore();
-    else
+    } else {
         QTreeWidget::keyPressEvent(evento);
+    }
 }

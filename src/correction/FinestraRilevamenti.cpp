@@ -37,8 +37,9 @@ bool FinestraRilevamenti::puoChiudere() {
 }
 
 void FinestraRilevamenti::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus)
+    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus) {
         cambiaEquipaggio(evento->key() == Qt::Key_Plus ? 1 : -1);
-    else
+    } else {
         Finestra::keyPressEvent(evento);
+    }
 }

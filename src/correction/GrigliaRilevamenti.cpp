@@ -103,7 +103,7 @@ void GrigliaRilevamenti::componi() {
     m_grS->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grS->setFocusPolicy(Qt::NoFocus);
     for (int colonna = 0; colonna < ModelloRilevamenti::Colonne; ++colonna)
-        (colonna < Netto ? m_grS : m_grT)->hideColumn(colonna);
+        (colonna < ModelloRilevamenti::Netto ? m_grS : m_grT)->hideColumn(colonna);
 
     QFont grande = font();
     grande.setBold(true);
@@ -150,10 +150,10 @@ void GrigliaRilevamenti::apri(ModoGriglia modo) {
     int digitate = 2 * m_grT->frameWidth() + NomeMinimo;
     int calcolate = 2 * m_grS->frameWidth();
     for (int colonna = TempoImposto; colonna < ModelloRilevamenti::Colonne; ++colonna) {
-        QTableView* tabella = colonna < Netto ? m_grT : m_grS;
+        QTableView* tabella = colonna < ModelloRilevamenti::Netto ? m_grT : m_grS;
         tabella->setColumnWidth(colonna, larghezzaColonna(tabella, colonna));
         // A hidden column has no width.
-        (colonna < Netto ? digitate : calcolate) += tabella->columnWidth(colonna);
+        (colonna < ModelloRilevamenti::Netto ? digitate : calcolate) += tabella->columnWidth(colonna);
     }
     m_grT->setMinimumWidth(digitate);
     m_grS->setFixedWidth(calcolate);
@@ -183,9 +183,10 @@ void GrigliaRilevamenti::concludiModifica() {
 void GrigliaRilevamenti::vaiA(int idPro, std::optional<CampoTempo> campo) {
     const std::vector<RigaRilevamento>& righe = m_modello->righe();
     const auto trovata = std::ranges::find(righe, idPro, &RigaRilevamento::idPro);
-    if (trovata != righe.end())
+    if (trovata != righe.end()) {
         vaiAllaCella(static_cast<int>(trovata - righe.begin()),
                      campo == CampoTempo::Arrivo ? TempoPassaggio : TempoStart);
+    }
     prendiFuoco();
 }
 

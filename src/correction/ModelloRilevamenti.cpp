@@ -48,10 +48,11 @@ void ModelloRilevamenti::ricarica() {
     m_calcoli.resize(m_righe.size());
     for (std::size_t i = 0; i < m_righe.size(); ++i)
         m_calcoli[i] = calcolaRiga(m_impostazione, m_asi, m_righe[i]);
-    if (!stesse)
+    if (!stesse) {
         endResetModel();
-    else if (!m_righe.empty())
+    } else if (!m_righe.empty()) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, Colonne - 1));
+    }
     Q_EMIT totaleCambiato();
 }
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 SecondiAlGiorno = 24 * 60 * 60;
+constexpr qint64 SecondiAlGiorno = qint64{24} * 60 * 60;
 
 }  // namespace
 

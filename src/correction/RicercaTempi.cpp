@@ -52,10 +52,11 @@ std::vector<TempoTrovato> coppia(int idRil, const QString& motivo) {
 
 std::vector<TempoTrovato> mancanti(const LetturaTesto& lettura) {
     std::vector<TempoTrovato> trovati = coppia(lettura.idRil, u"Mancante"_s);
-    if (!mancante(lettura.tPar))
+    if (!mancante(lettura.tPar)) {
         trovati.erase(trovati.begin());
-    else if (!mancante(lettura.tArr))
+    } else if (!mancante(lettura.tArr)) {
         trovati.pop_back();
+    }
     return trovati;
 }
 
@@ -76,10 +77,11 @@ private:
         const std::vector<EquipaggioCalcolo>& equipaggi = m_calcolo.equipaggi();
         Percentuale percentuale(m_avanzamento, FaseRicerca::Medie, equipaggi.size());
         for (const EquipaggioCalcolo& equipaggio : equipaggi) {
-            if (equipaggio.num < 0 || equipaggio.num > NumeroMassimoRicerca)
+            if (equipaggio.num < 0 || equipaggio.num > NumeroMassimoRicerca) {
                 m_risultato.nonCercati.push_back(equipaggio.num);
-            else
+            } else {
                 m_medie.insert(equipaggio.idEqu, m_calcolo.media(equipaggio));
+            }
             percentuale.passo();
         }
     }
@@ -109,9 +111,10 @@ private:
         riga.esegui(valori);
         while (riga.prossima()) {
             const auto media = m_medie.constFind(riga.intero(0));
-            if (media != m_medie.cend())
+            if (media != m_medie.cend()) {
                 esamina(riga.intero(0), riga.intero(1), {riga.intero(2), riga.valore(3), riga.valore(4)},
                         *media);
+            }
             percentuale.passo();
         }
     }
@@ -138,10 +141,11 @@ private:
         if (limite > penalita)
             return;
         ProvaTrovata& trovata = prova(idEqu, idPro, media);
-        if (TempoInCentesimi(lettura.tPar.toString()) >= TempoInCentesimi(lettura.tArr.toString()))
+        if (TempoInCentesimi(lettura.tPar.toString()) >= TempoInCentesimi(lettura.tArr.toString())) {
             trovata.tempi = coppia(lettura.idRil, u"Arrivo<Partenza"_s);
-        else if (limite < penalita)
+        } else if (limite < penalita) {
             trovata.tempi = coppia(lettura.idRil, u"Fuori Media"_s);
+        }
     }
 
     // The crew's node is made with its first test.

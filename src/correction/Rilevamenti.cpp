@@ -61,10 +61,11 @@ CalcoloRiga calcolaRiga(const Impostazione& impostazione, bool asi, const RigaRi
                         penalitaProva(impostazione, asi, prova, lettura), StileScarto::Netto};
     if (calcolo.penalita)
         *calcolo.penalita += lettura.penAgg;
-    if (manca)
+    if (manca) {
         calcolo.stile = StileScarto::Errato;
-    else if (scarto != 0)
+    } else if (scarto != 0) {
         calcolo.stile = scarto > 0 ? StileScarto::Positivo : StileScarto::Negativo;
+    }
     return calcolo;
 }
 

@@ -20,9 +20,10 @@ frmRipartenza::frmRipartenza(QWidget* padre)
     m_ui->lstPro->hideColumn(Chiave);
     m_ui->lstPro->header()->setStretchLastSection(false);
     m_ui->lstPro->header()->setSectionResizeMode(Nome, QHeaderView::Stretch);
-    for (const ControlloOrario& controllo : leggiControlliOrari())
+    for (const ControlloOrario& controllo : leggiControlliOrari()) {
         new QTreeWidgetItem(m_ui->lstPro,
                             {controllo.nome, controllo.tempo, QString::number(controllo.idPro)});
+    }
     collega({m_ui->txtTem, m_ui->txtIntervalloPartenze, m_ui->txtPrimoNumero, m_ui->lstOrari, m_ui->cmdGenera,
              m_ui->cmdRicezione, m_ui->cmdSalva, m_ui->cmdEsci});
 }

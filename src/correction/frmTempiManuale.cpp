@@ -54,10 +54,11 @@ void frmTempiManuale::premutoTempiMancanti() {
         avverti(u"Impossibile Cercare Tempi Errati/Mancanti"_s, u"Nessuna Prova Svolta"_s);
         return;
     }
-    if (m_alberoMostrato)
+    if (m_alberoMostrato) {
         mostraAlbero(false);
-    else
+    } else {
         cerca();
+    }
 }
 
 void frmTempiManuale::cerca() {
@@ -112,8 +113,9 @@ void frmTempiManuale::vaiAlNodo(const QString& chiave) {
     const std::optional<NodoRicerca> nodo = leggiChiave(chiave);
     if (!nodo || !m_ui->lstEq->vaiA(nodo->idEqu))
         return;
-    if (nodo->idPro)
+    if (nodo->idPro) {
         m_ui->griglia->vaiA(*nodo->idPro, nodo->campo);
-    else
+    } else {
         m_ui->griglia->prendiFuoco();
+    }
 }

@@ -58,7 +58,7 @@ constexpr ColonnaEquipaggio Colonne[] = {
 };
 
 QString testoColonna(const ColonnaEquipaggio& colonna, const QVariant& valore) {
-    const QString testo = valore.toString();
+    QString testo = valore.toString();
     switch (colonna.tipo) {
         case TipoDato::Cifre:
             return valore.typeId() == QMetaType::Double ? numeroInTesto(valore.toDouble()) : testo;

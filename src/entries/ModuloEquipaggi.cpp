@@ -103,10 +103,11 @@ void ModuloEquipaggi::apri() {
     preparaCampiEquipaggio();
     riempiScelte();
     riempiElenco();
-    if (righe() > 0)
+    if (righe() > 0) {
         mostraRiga(0);
-    else
+    } else {
         nuovo();
+    }
     m_cboGruppo->setEnabled(!RagAutoManifestazione(IDMan));
     vaiAlNumero();
 }
@@ -385,10 +386,11 @@ bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
 
 void ModuloEquipaggi::keyPressEvent(QKeyEvent* evento) {
     // On a button and in the list too.
-    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
+    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
         focusNextPrevChild(true);
-    else
+    } else {
         Finestra::keyPressEvent(evento);
+    }
 }
 
 bool ModuloEquipaggi::puoChiudere() {

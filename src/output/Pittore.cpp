@@ -118,10 +118,11 @@ Ingombri Pittore::ingombri() const {
 void Pittore::disegna(QPainter& pittore, double puntiPerPollice, qsizetype numero) {
     Penna penna(pittore, puntiPerPollice);
     const Pagina& pagina = m_pagine.at(numero);
-    if (pagina.testaIntera)
+    if (pagina.testaIntera) {
         disegnaTestaIntera(penna);
-    else
+    } else {
         disegnaTestaBreve(penna);
+    }
     const double alto = altezzaTesta(pagina.testaIntera);
     if (m_tavolaGruppo)
         m_tavolaGruppo->disegnaTestata(penna, alto - m_tavolaGruppo->altezzaTestata() - 2);

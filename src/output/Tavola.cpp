@@ -64,9 +64,10 @@ QList<double> Tavola::corpoEdEsigenze(const QList<const QStringList*>& campione)
         for (const QStringList* riga : campione)
             celle = std::max(celle, carattere.larghezza(riga->value(i)));
         double intestazione = testata.larghezza(colonna.testata);
-        if (!colonna.sotto.isEmpty())
+        if (!colonna.sotto.isEmpty()) {
             intestazione =
                 std::min(testata.parolaPiuLunga(colonna.testata) * MinimoTestata, celle * TestataSuCelle);
+        }
         esigenze << std::max(celle, intestazione);
         quote += esigenze.last() > 0 ? colonna.larghezza : 0;
     }

@@ -87,10 +87,11 @@ void frmAnteprima::showEvent(QShowEvent* evento) {
 }
 
 void frmAnteprima::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_F1)
+    if (evento->key() == Qt::Key_F1) {
         mostraAiuto(this);
-    else
+    } else {
         QPrintPreviewDialog::keyPressEvent(evento);
+    }
 }
 
 // A failure must not travel through the toolkit's own printing.

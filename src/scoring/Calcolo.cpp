@@ -208,10 +208,11 @@ double Calcolo::coefficiente(const EquipaggioCalcolo& equipaggio, bool& errore) 
         return 0;
     }
     double termine = 1.0;
-    if (m_impostazione.fattoreNonASI && !equipaggio.asi)
+    if (m_impostazione.fattoreNonASI && !equipaggio.asi) {
         termine = m_impostazione.coefficienteNonASI;
-    else if (m_impostazione.fattoreAnno)
+    } else if (m_impostazione.fattoreAnno) {
         termine = (equipaggio.anno - 1900) / 100.0 + 1.0;
+    }
     if (equipaggio.idGru == 0)
         return termine;
     const std::optional<double> fattore = m_fattori.value(equipaggio.idGru);
@@ -247,9 +248,10 @@ bool Calcolo::tempiCompleti(const EquipaggioCalcolo& equipaggio) const {
         if (!m_prove[i].svolta)
             continue;
         const LetturaCalcolo& letta = lettura(posto(equipaggio), i);
-        if (!letta.esiste)
+        if (!letta.esiste) {
             throw Errore(
                 u"All'equipaggio n. %1 manca la riga dei rilevamenti di una prova."_s.arg(equipaggio.num));
+        }
         if (letta.manca)
             return false;
     }

@@ -113,7 +113,7 @@ void ordina(std::vector<Riga>& righe) {
     // A missing year is less than any year, as an empty optional is.
     std::ranges::stable_sort(righe, [](const Riga& a, const Riga& b) {
         const std::partial_ordering pen = a.pen() <=> b.pen();
-        return pen == 0 ? a.anno < b.anno : pen < 0;
+        return std::is_eq(pen) ? a.anno < b.anno : std::is_lt(pen);
     });
 }
 
@@ -127,10 +127,11 @@ void scrivi(const std::vector<Riga>& righe) {
     for (const Riga& riga : righe) {
         QVariantList valori = riga.valori;
         valori << riga.pen();
-        if (riga.esclusa)
+        if (riga.esclusa) {
             valori << QVariant() << QVariant() << QVariant();
-        else
+        } else {
             valori << riga.penalita.tempi << riga.penalita.aggiunte << riga.penalita.coefficiente;
+        }
         scrittura.esegui(valori << ++posizione);
     }
 }

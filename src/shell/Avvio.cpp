@@ -4,6 +4,7 @@
 #include "archive/PercorsoApp.h"
 #include "common/API.h"
 #include "common/Dialoghi.h"
+#include "common/frmAiuto.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
 
@@ -40,6 +41,7 @@ int avvia() {
         Dialoghi::corrente().messaggio(u"Impossibile Avviare VLM"_s, errore.testo(), Icona::Stop);
         return NonAvviato;
     }
+    impostaFileAiuto(percorsoNelProgramma(u"vlm help.hlp"_s));
     // The splash is gone before the last window is: only the main window ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
     std::unique_ptr<frmMain> principale;

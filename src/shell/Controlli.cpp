@@ -74,13 +74,15 @@ bool controlla(Controllo controllo) {
     constexpr const char16_t* NessunaAttiva = u"Nessuna Manifestazione Attiva";
     if (IDMan == 0)
         return rifiuta(definizione->titolo, NessunaAttiva);
-    if (!esisteRiga(u"SELECT 1 FROM Manifestazioni WHERE IDMan=?"_s, {IDMan}))
+    if (!esisteRiga(u"SELECT 1 FROM Manifestazioni WHERE IDMan=?"_s, {IDMan})) {
         return rifiuta(definizione->titoloSparita ? definizione->titoloSparita : definizione->titolo,
                        NessunaAttiva);
+    }
     for (const TestDati& test : TestSuiDati) {
-        if ((definizione->dati & test.dato) != 0 && !esisteRiga(QString::fromLatin1(test.sql), {IDMan}))
+        if ((definizione->dati & test.dato) != 0 && !esisteRiga(QString::fromLatin1(test.sql), {IDMan})) {
             return rifiuta(definizione->titoloDati ? definizione->titoloDati : definizione->titolo,
                            test.testo);
+        }
     }
     return true;
 }

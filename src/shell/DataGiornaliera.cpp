@@ -14,7 +14,7 @@ std::optional<QString> chiediGiorno(const QString& titolo) {
     const QString primoGiorno =
         leggiValore(u"SELECT DaDat FROM Manifestazioni WHERE IDMan=?"_s, {IDMan})->toString();
     for (;;) {
-        const std::optional<QString> risposta =
+        std::optional<QString> risposta =
             Dialoghi::corrente().chiedi(titolo, u"Inserire la Data nel Formato gg/mm/aaaa"_s, primoGiorno);
         if (!risposta || risposta->isEmpty())
             return std::nullopt;

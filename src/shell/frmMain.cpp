@@ -126,10 +126,11 @@ void frmMain::eseguiVoce(const VoceMenu& voce) {
 
 void frmMain::attivazione() {
     m_ui->frmInfo->setVisible(IDMan != 0);
-    if (IDMan == 0)
+    if (IDMan == 0) {
         m_ui->lblMani->setText(NessunaAttiva);
-    else
+    } else {
         aggiornaPannello();
+    }
 }
 
 void frmMain::scriviNome(const QString& nome) {
@@ -160,10 +161,11 @@ bool frmMain::event(QEvent* evento) {
 }
 
 void frmMain::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_F1)
+    if (evento->key() == Qt::Key_F1) {
         mostraAiuto(this);
-    else
+    } else {
         QMainWindow::keyPressEvent(evento);
+    }
 }
 
 void frmMain::closeEvent(QCloseEvent* evento) {

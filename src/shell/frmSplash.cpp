@@ -5,6 +5,8 @@
 #include "shell/DisegnoASI.h"
 #include "ui_frmSplash.h"
 
+#include <QKeyEvent>
+
 using namespace Qt::StringLiterals;
 
 frmSplash::frmSplash(std::function<void()> apri)
@@ -21,3 +23,11 @@ frmSplash::frmSplash(std::function<void()> apri)
 }
 
 frmSplash::~frmSplash() = default;
+
+void frmSplash::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() == Qt::Key_F1) {
+        mostraAiuto(this);
+    } else {
+        QDialog::keyPressEvent(evento);
+    }
+}

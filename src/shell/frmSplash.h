@@ -18,6 +18,9 @@ public:
     Q_DISABLE_COPY_MOVE(frmSplash)
     ~frmSplash() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+
 private:
     std::unique_ptr<Ui::frmSplash> m_ui;
 };

@@ -159,10 +159,11 @@ bool frmRicezioneONLINE::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 void frmRicezioneONLINE::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus)
+    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus) {
         cambiaEquipaggio(evento->key() == Qt::Key_Plus ? 1 : -1);
-    else
+    } else {
         Finestra::keyPressEvent(evento);
+    }
 }
 
 int frmRicezioneONLINE::portaCronometro() const {

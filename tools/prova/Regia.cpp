@@ -76,10 +76,11 @@ void Regia::guarda() {
 
 void Regia::scegli(frmMain& principale, const QString& voce) {
     racconta(u"menu: "_s + voce);
-    if (auto* azione = principale.findChild<QAction*>(voce))
+    if (auto* azione = principale.findChild<QAction*>(voce)) {
         azione->trigger();
-    else
+    } else {
         guasto(u"manca la voce "_s + voce);
+    }
     for (const Attesa& mancata : std::exchange(m_attese, {}))
         guasto(u"%1: non si è aperta %2"_s.arg(voce, mancata.finestra));
 }
