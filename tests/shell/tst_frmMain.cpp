@@ -260,8 +260,8 @@ void tst_frmMain::classificheDalMenu() {
         {"mnuClasGioTutti", "CLASSIFICA ASSOLUTA DEL 13/06/2026"},
         {"mnuClasGioASI", "CLASSIFICA ASI DEL 13/06/2026"},
         {"mnuClasGioNoASI", "CLASSIFICA NON ASI DEL 13/06/2026"},
-        {"mnuStampaListaDiPartenza", "Lista di Partenza"},
-        {"mnuStampaListaDiPartenzaConOrari", "Lista di Partenza"},
+        {"mnuStampaListaDiPartenza", "LISTA DI PARTENZA"},
+        {"mnuStampaListaDiPartenzaConOrari", "LISTA DI PARTENZA"},
         {"mnuStampaPenalitàAggiuntive", "Penalità Aggiuntive"}};
     for (const auto& [voce, titolo] : casi) {
         if (QString(voce).contains("Gio"))
