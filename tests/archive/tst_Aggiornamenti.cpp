@@ -65,10 +65,23 @@ QList<QStringList> struttureDiOgniEta() {
     return tutte;
 }
 
+// What the update failed of; empty when it did not.
+QString erroreDellAggiornamento() {
+    try {
+        AggiornaArchivio();
+        return {};
+    } catch (const ErroreArchivio& errore) {
+        return errore.testo();
+    }
+}
+
 }  // namespace
 
 void tst_Aggiornamenti::daOgniEta() {
-    const QStringList attesa = struttureDiOgniEta().constLast();
+    const QStringList attesa = [] {
+        const ProgrammaDiProva nuovo;
+        return struttura();
+    }();
     for (int passo = 1; passo <= UltimoPasso; ++passo) {
         const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
         apriArchivioPrimaDelPasso(passo);
@@ -126,13 +139,8 @@ void tst_Aggiornamenti::nomeEsatto() {
     const ProgrammaDiProva programma;
     esegui("ALTER TABLE Classifica RENAME COLUMN Coeff TO coeff");
     const QStringList prima = struttura();
-    try {
-        AggiornaArchivio();
-        QFAIL("two columns of one name");
-    } catch (const ErroreArchivio& errore) {
-        QVERIFY2(errore.testo().contains("passo 12"), qPrintable(errore.testo()));
-        QVERIFY2(errore.testo().contains("duplicate column name"), qPrintable(errore.testo()));
-    }
+    const QString testo = erroreDellAggiornamento();
+    QVERIFY2(testo.contains("passo 12") && testo.contains("duplicate column name"), qPrintable(testo));
     QCOMPARE(struttura(), prima);
 }
 
@@ -160,13 +168,11 @@ void tst_Aggiornamenti::discoPieno() {
         inserisciRiga("TempRil", {{"TArr", "10:05:12:33"}});
         const int pagine = leggiValore("PRAGMA page_count")->toInt() + libere;
         leggiValore(QString("PRAGMA max_page_count=%1").arg(pagine));
-        try {
-            AggiornaArchivio();
+        const QString testo = erroreDellAggiornamento();
+        if (testo.isEmpty())
             break;
-        } catch (const ErroreArchivio& errore) {
-            QVERIFY2(errore.testo().contains("disco è pieno"), qPrintable(errore.testo()));
-            ++falliti;
-        }
+        QVERIFY2(testo.contains("disco è pieno"), qPrintable(testo));
+        ++falliti;
         QVERIFY(strutture.contains(struttura()));
         ChiudiDataBase();
         ApriDataBase();
@@ -195,7 +201,7 @@ void tst_Aggiornamenti::passoImpedito() {
         inserisciRiga("Schede", {{"Num", 3}, {"PenAgg", 20}});
         esegui(intralcio);
         const QStringList prima = struttura();
-        QVERIFY_EXCEPTION_THROWN(AggiornaArchivio(), ErroreArchivio);
+        QVERIFY2(!erroreDellAggiornamento().isEmpty(), intralcio);
         QCOMPARE(struttura(), prima);
         QCOMPARE(contaRighe("Schede", "Num=3 AND typeof(PenAgg)='integer' AND PenAgg=20"), 1);
     }
@@ -208,18 +214,9 @@ void tst_Aggiornamenti::archivioOccupato() {
     leggiValore("PRAGMA busy_timeout=1");
     {
         const Transazione altrui(ConnShape());
-        try {
-            AggiornaArchivio();
-            QFAIL("the archive is another's");
-        } catch (const ErroreArchivio& errore) {
-            QVERIFY2(errore.testo().contains("in uso"), qPrintable(errore.testo()));
-        }
+        QVERIFY(erroreDellAggiornamento().contains("in uso"));
     }
     QCOMPARE(struttura(), prima);
-    esegui("PRAGMA query_only=1");
-    QVERIFY_EXCEPTION_THROWN(AggiornaArchivio(), ErroreArchivio);
-    QCOMPARE(struttura(), prima);
-    esegui("PRAGMA query_only=0");
     QCOMPARE(AggiornaArchivio(), passiDa(1));
 }
 

@@ -12,7 +12,6 @@ private Q_SLOTS:
     void cascate();
     void maiusculeEValori();
     void ristretto();
-    void rifiutati_data();
     void rifiutati();
     void cartellaNonScrivibile();
     void spartito();
@@ -30,6 +29,17 @@ void scrivi(const QString& percorso, const QByteArray& dati) {
     QFile file(percorso);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(dati), dati.size());
+}
+
+// The text of the failure; empty when there was none.
+template <typename Azione>
+QString errore(Azione azione) {
+    try {
+        azione();
+        return {};
+    } catch (const ErroreArchivio& fallimento) {
+        return fallimento.testo();
+    }
 }
 
 // Runs with the rights of an ordinary user where the test itself runs as root.
@@ -56,9 +66,9 @@ void tst_Archivio::cascate() {
         const int man = nuovaManifestazione();
         nuovaProva();
         nuovaProva();
-        inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}});
-        inserisciRiga("Squadre", {{"IDMan_FK", man}});
-        const int pre = inserisciRiga("Prezzi", {{"IDMan_FK", man}});
+        int pre = 0;
+        for (const char* tabella : {"Raggruppamenti", "Squadre", "Prezzi"})
+            pre = inserisciRiga(tabella, {{"IDMan_FK", man}});
         const int equ = nuovoEquipaggio(1);
         nuovoEquipaggio(2);
         inserisciRiga("Incassi", {{"IDEqu_FK", equ}, {"IDPre_FK", pre}, {"Qta", 1}});
@@ -103,45 +113,39 @@ void tst_Archivio::ristretto() {
              QFile::Permissions());
 }
 
-void tst_Archivio::rifiutati_data() {
-    QTest::addColumn<QByteArray>("dati");
-    QTest::addColumn<QString>("parola");
-    const ProgrammaDiProva programma;
-    nuovaManifestazione();
-    for (int i = 0; i < 200; ++i)
-        nuovoEquipaggio(i);
-    ChiudiDataBase();
-    const QByteArray buono = contenuto(percorsoArchivio());
+void tst_Archivio::rifiutati() {
+    QByteArray buono;
+    {
+        const ProgrammaDiProva programma;
+        nuovaManifestazione();
+        for (int i = 0; i < 200; ++i)
+            nuovoEquipaggio(i);
+        ChiudiDataBase();
+        buono = contenuto(percorsoArchivio());
+    }
     QByteArray guasto = buono;
     for (qsizetype i = 4096; i < guasto.size(); i += 3)
         guasto[i] = 'x';
-    QByteArray altrui = buono;
-    altrui.replace(68, 4, QByteArray("ABCD"));
-    QTest::newRow("something else") << QByteArray("Questo non e' un archivio, ma un testo.")
-                                    << "non è un archivio";
-    QTest::newRow("empty") << QByteArray() << "vuoto";
-    QTest::newRow("pages overwritten") << guasto << "danneggiato";
-    QTest::newRow("cut short") << buono.left(buono.size() / 2) << "danneggiato";
-    QTest::newRow("header cut") << buono.left(40) << "testata è incompleta";
-    QTest::newRow("header alone") << buono.left(100) << "disk image is malformed";
-    QTest::newRow("another program's") << altrui << "altro programma";
-}
-
-void tst_Archivio::rifiutati() {
-    QFETCH(QByteArray, dati);
-    QFETCH(QString, parola);
-    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
-    scrivi(percorsoArchivio(), dati);
-    try {
-        PreparaArchivio();
-        ApriDataBase();
-        VerificaArchivio();
-        QFAIL("accepted");
-    } catch (const ErroreArchivio& errore) {
-        QVERIFY2(errore.testo().contains(parola), qPrintable(errore.testo()));
+    const std::pair<QByteArray, const char*> casi[] = {
+        {"Questo non e' un archivio, ma un testo.", "non è un archivio"},
+        {"", "vuoto"},
+        {guasto, "danneggiato"},
+        {buono.left(buono.size() / 2), "danneggiato"},
+        {buono.left(40), "testata è incompleta"},
+        {buono.left(100), "disk image is malformed"},
+        {QByteArray(buono).replace(68, 4, "ABCD"), "altro programma"}};
+    for (const auto& [dati, parola] : casi) {
+        ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+        scrivi(percorsoArchivio(), dati);
+        const QString testo = errore([] {
+            PreparaArchivio();
+            ApriDataBase();
+            VerificaArchivio();
+        });
+        QVERIFY2(testo.contains(parola), qPrintable(parola + testo));
+        ChiudiDataBase();
+        QCOMPARE(contenuto(percorsoArchivio()), dati);
     }
-    ChiudiDataBase();
-    QCOMPARE(contenuto(percorsoArchivio()), dati);
 }
 
 void tst_Archivio::cartellaNonScrivibile() {
@@ -176,15 +180,13 @@ void tst_Archivio::discoPieno() {
     nuovaManifestazione();
     const int pagine = leggiValore("PRAGMA page_count")->toInt();
     leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
-    try {
+    const QString testo = errore([] {
         Transazione transazione;
         for (int i = 0; i < 1000; ++i)
             nuovoEquipaggio(i, {{"Not", QString(200, 'x')}});
         transazione.conferma();
-        QFAIL("no disk is that large");
-    } catch (const ErroreArchivio& errore) {
-        QVERIFY2(errore.testo().contains("disco è pieno"), qPrintable(errore.testo()));
-    }
+    });
+    QVERIFY2(testo.contains("disco è pieno"), qPrintable(testo));
     QCOMPARE(contaRighe("Equipaggi"), 0);
     ChiudiDataBase();
     ApriDataBase();

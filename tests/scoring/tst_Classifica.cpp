@@ -210,7 +210,6 @@ void tst_Classifica::controlloAnni() {
     const QString dodici("12 - VERDI  LANCIA APRILIA\n");
     programma.dialoghi.attendiMessaggio("Impossibile Generare la Classifica", inizio + due + cinque + dodici);
     QVERIFY(!GeneraClassifica({.silenziosa = true}));
-    QVERIFY(programma.dialoghi.finite());
     QCOMPARE(numeri().size(), 2);  // the last classification stands
 
     esegui("UPDATE Manifestazioni SET FatNoASI=1");

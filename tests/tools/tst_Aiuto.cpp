@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QResource>
 #include <QSet>
 #include <QTest>
@@ -34,14 +35,10 @@ public:
     }
 
     [[nodiscard]] QStringList collegamenti() const {
+        static const QRegularExpression indirizzo("href=\"([^\"]*)\"");
         QStringList trovati;
-        for (QTextBlock blocco = document()->begin(); blocco.isValid(); blocco = blocco.next()) {
-            for (auto frammento = blocco.begin(); !frammento.atEnd(); ++frammento) {
-                const QString indirizzo = frammento.fragment().charFormat().anchorHref();
-                if (!indirizzo.isEmpty())
-                    trovati << indirizzo;
-            }
-        }
+        for (const QRegularExpressionMatch& trovato : indirizzo.globalMatch(toHtml()))
+            trovati << trovato.captured(1);
         return trovati;
     }
 
