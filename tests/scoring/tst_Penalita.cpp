@@ -28,165 +28,130 @@ class tst_Penalita final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void prova_data();
     void prova();
-    void provaNonCatturaNulla();
-    void coefficiente_data();
+    void unaProva();
     void coefficiente();
-    void totale();
     void sommePerGiornoESvolte();
     void traboccoAlCentesimo();
     void rigaMancante();
     void gruppoSparito();
-    void scarto();
-    void media_data();
     void media();
-    void mediaDalleProveSvolte();
-    void taglia_data();
     void taglia();
     void precisioni();
     void completi();
-    void nienteTenutoDaParte();
 };
 
-void tst_Penalita::prova_data() {
-    QTest::addColumn<QVariantMap>("manifestazione");
-    QTest::addColumn<QString>("tip");
-    QTest::addColumn<QString>("tem");
-    QTest::addColumn<QString>("tPar");
-    QTest::addColumn<QString>("tArr");
-    QTest::addColumn<double>("senza");  // without the added penalty
-    QTest::addColumn<QString>("omo");
+void tst_Penalita::prova() {
+    struct Caso {
+        const char* nome;
+        QVariantMap manifestazione;
+        const char *tip, *tem, *tPar, *tArr;
+        double senza;  // without the added penalty
+        const char* omo = "A1";
+    };
     using M = QVariantMap;
-    const QString asi("A1");
-    const M nessuna;
     const M separati{{"ASIeNONASI", 1},    {"PrePANoASI", "SEC"}, {"PenUniPANoASI", 10}, {"PenMaxNoASI", 5},
                      {"PenUniPMNoASI", 7}, {"PrePMNoASI", "DEC"}, {"PenMaxAtt", 1},      {"PenMax", 50}};
-
-    const auto riga = [](const char* nome, const M& m, const char* tip, const char* tem, const char* tPar,
-                         const char* tArr, double senza, const QString& omo) {
-        QTest::newRow(nome) << m << tip << tem << tPar << tArr << senza << omo;
-    };
-    riga("PA hundredths", nessuna, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 74, asi);
-    riga("PM seconds", nessuna, "PM", "00:30:00", "09:00:05:00", "09:30:07:00", 4, asi);
-    riga("CO minutes across midnight", nessuna, "CO", "00:20:00", "23:50:00:00", "00:12:00:00", 120, asi);
-    riga("PA tenths", M{{"PrePA", "DEC"}, {"PenUniPA", 3}}, "PA", "00:02:30", "11:00:00:40", "11:02:29:70",
-         21, asi);
-    riga("seconds are not rounded", M{{"PrePA", "SEC"}}, "PA", "00:00:10", "10:00:00:00", "10:00:11:50", 1.5,
-         asi);
-    riga("early costs as late", nessuna, "PA", "00:01:00", "10:00:00:00", "10:00:59:26", 74, asi);
-    riga("swapped readings", nessuna, "PA", "00:01:00", "10:16:21:08", "10:15:20:34", 74, asi);
-    riga("short way over midnight", nessuna, "PA", "00:00:10", "23:59:50:00", "00:00:10:00", 1000, asi);
-    riga("twelve hours apart", nessuna, "PA", "00:00:00", "00:00:00:00", "12:00:00:00", 4320000, asi);
-    riga("start missing", nessuna, "PA", "00:01:00", "", "10:00:30:00", 3597000, asi);
-    riga("arrival missing, folded", nessuna, "PA", "00:01:00", "20:00:00:00", "", 1440000 - 6000, asi);
-    riga("both missing", nessuna, "PA", "00:01:00", "", "", 6000, asi);
-    riga("00:00:00:00 is a reading", M{{"PenProNonSvo", 1}, {"NumPenProNonSvo", 5000}}, "PA", "00:01:00",
-         "00:00:00:00", "00:01:00:00", 0, asi);
-    const M fissa{{"PenProNonSvo", 1}, {"NumPenProNonSvo", 5000}, {"PenMaxAtt", 1}, {"PenMax", 100}};
-    riga("fixed stands above the cap", fissa, "PA", "00:01:00", "", "10:00:00:00", 5000, asi);
-    riga("fixed for every kind", fissa, "CO", "00:01:00", "10:00:00:00", "", 5000, asi);
-    riga("fixed Null counts 0", M{{"PenProNonSvo", 1}}, "PA", "00:01:00", "", "", 0, asi);
-    const M tetto{{"PenMaxAtt", 1}, {"PenMax", 74}};
-    riga("equal to the cap", tetto, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 74, asi);
-    riga("above the cap", tetto, "PA", "00:01:00", "10:15:20:34", "10:16:21:09", 74, asi);
-    riga("cap switched off", M{{"PenMaxAtt", 0}, {"PenMax", 10}}, "PA", "00:01:00", "10:15:20:34",
-         "10:16:21:08", 74, asi);
-    riga("cap Null counts 0", M{{"PenMaxAtt", 1}}, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 0, asi);
-    riga("NON ASI own precision and cap", separati, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 5, "  ");
-    riga("NON ASI tenths, own unit, own cap", separati, "PM", "00:01:00", "10:00:00:00", "10:01:00:05", 3.5,
-         "");
-    riga("ASI keeps its own", separati, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 50, asi);
     M uniti = separati;
     uniti["ASIeNONASI"] = 0;
-    riga("classes not told apart", uniti, "PA", "00:01:00", "10:15:20:34", "10:16:21:08", 50, "");
-    riga("unknown kind", nessuna, "XX", "00:01:00", "10:00:00:00", "10:05:00:00", 0, asi);
-    riga("unknown precision", M{{"PrePA", "ORE"}}, "PA", "00:01:00", "10:00:00:00", "10:05:00:00", 0, asi);
-    riga("settings Null", M{{"PrePA", Null}, {"PenUniPA", Null}}, "PA", "00:01:00", "10:00:00:00",
-         "10:05:00:00", 0, asi);
-    riga("a text that is no time", nessuna, "PA", "00:01:00", "99:99:99:12", "00:01:00:12", 0 + 0, asi);
+    const M fissa{{"PenProNonSvo", 1}, {"NumPenProNonSvo", 5000}, {"PenMaxAtt", 1}, {"PenMax", 100}};
+    const M tetto{{"PenMaxAtt", 1}, {"PenMax", 74}};
+    const M spento{{"PenMaxAtt", 0}, {"PenMax", 10}};
+    const M decimi{{"PrePA", "DEC"}, {"PenUniPA", 3}};
+    const M ignota{{"PrePA", "ORE"}};
+    const M nulle{{"PrePA", Null}, {"PenUniPA", Null}};
+    const char* const Par = "10:15:20:34";
+    const char* const Arr = "10:16:21:08";
+    const Caso casi[] = {
+        {"PA hundredths", {}, "PA", "00:01:00", Par, Arr, 74},
+        {"PM seconds", {}, "PM", "00:30:00", "09:00:05:00", "09:30:07:00", 4},
+        {"CO minutes across midnight", {}, "CO", "00:20:00", "23:50:00:00", "00:12:00:00", 120},
+        {"PA tenths", decimi, "PA", "00:02:30", "11:00:00:40", "11:02:29:70", 21},
+        {"seconds are not rounded", {{"PrePA", "SEC"}}, "PA", "00:00:10", "10:00:00:00", "10:00:11:50", 1.5},
+        {"early costs as late", {}, "PA", "00:01:00", "10:00:00:00", "10:00:59:26", 74},
+        {"swapped readings", {}, "PA", "00:01:00", "10:16:21:08", "10:15:20:34", 74},
+        {"short way over midnight", {}, "PA", "00:00:10", "23:59:50:00", "00:00:10:00", 1000},
+        {"twelve hours apart", {}, "PA", "00:00:00", "00:00:00:00", "12:00:00:00", 4320000},
+        {"start missing", {}, "PA", "00:01:00", "", "10:00:30:00", 3597000},
+        {"arrival missing, folded", {}, "PA", "00:01:00", "20:00:00:00", "", 1440000 - 6000},
+        {"both missing", {}, "PA", "00:01:00", "", "", 6000},
+        {"00:00:00:00 is a reading", fissa, "PA", "00:01:00", "00:00:00:00", "00:01:00:00", 0},
+        {"fixed stands above the cap", fissa, "PA", "00:01:00", "", "10:00:00:00", 5000},
+        {"fixed for every kind", fissa, "CO", "00:01:00", "10:00:00:00", "", 5000},
+        {"fixed Null counts 0", {{"PenProNonSvo", 1}}, "PA", "00:01:00", "", "", 0},
+        {"equal to the cap", tetto, "PA", "00:01:00", Par, Arr, 74},
+        {"above the cap", tetto, "PA", "00:01:00", "10:15:20:34", "10:16:21:09", 74},
+        {"cap switched off", spento, "PA", "00:01:00", Par, Arr, 74},
+        {"cap Null counts 0", {{"PenMaxAtt", 1}}, "PA", "00:01:00", Par, Arr, 0},
+        {"NON ASI own precision and cap", separati, "PA", "00:01:00", Par, Arr, 5, "  "},
+        {"NON ASI tenths, own unit, own cap", separati, "PM", "00:01:00", "10:00:00:00", "10:01:00:05", 3.5,
+         ""},
+        {"ASI keeps its own", separati, "PA", "00:01:00", Par, Arr, 50},
+        {"classes not told apart", uniti, "PA", "00:01:00", Par, Arr, 50, ""},
+        {"unknown kind", {}, "XX", "00:01:00", "10:00:00:00", "10:05:00:00", 0},
+        {"unknown precision", ignota, "PA", "00:01:00", "10:00:00:00", "10:05:00:00", 0},
+        {"settings Null", nulle, "PA", "00:01:00", "10:00:00:00", "10:05:00:00", 0},
+        {"a text that is no time", {}, "PA", "00:01:00", "99:99:99:12", "00:01:00:12", 0}};
+    for (const Caso& caso : casi) {
+        ProgrammaDiProva programma;
+        nuovaManifestazione(caso.manifestazione);
+        const int pro = nuovaProva({{"Tip", caso.tip}, {"Tem", caso.tem}});
+        const int equ = nuovoEquipaggio(7, {{"Omo", caso.omo}});
+        scriviRilevamento(equ, pro, caso.tPar, caso.tArr, -12.5);
+        QVERIFY2(qFuzzyCompare(PenalitaProva(7, pro, true), caso.senza), caso.nome);
+        QCOMPARE(PenalitaProva(7, pro, false), caso.senza - 12.5);  // outside the cap, negative as any other
+        QCOMPARE(PenalitaTempi(7, QString(), true), caso.senza);
+        QCOMPARE(PenalitaAggiunte(7, QString(), true), -12.5);
+    }
 }
 
-void tst_Penalita::prova() {
-    QFETCH(QVariantMap, manifestazione);
-    QFETCH(QString, tip);
-    QFETCH(QString, tem);
-    QFETCH(QString, tPar);
-    QFETCH(QString, tArr);
-    QFETCH(double, senza);
-    QFETCH(QString, omo);
+void tst_Penalita::unaProva() {
     ProgrammaDiProva programma;
-    nuovaManifestazione(manifestazione);
-    const int pro = nuovaProva({{"Tip", tip}, {"Tem", tem}});
-    const int equ = nuovoEquipaggio(7, {{"Omo", omo}});
-    scriviRilevamento(equ, pro, tPar, tArr, -12.5);
-    QCOMPARE(PenalitaProva(7, pro, true), senza);
-    QCOMPARE(PenalitaProva(7, pro, false), senza - 12.5);  // outside the cap, negative as any other
-    QCOMPARE(PenalitaTempi(7, QString(), true), senza);
-    QCOMPARE(PenalitaAggiunte(7, QString(), true), -12.5);
-}
-
-void tst_Penalita::provaNonCatturaNulla() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione({{"PenProNonSvo", 1}, {"NumPenProNonSvo", 300}});
+    nuovaManifestazione({{"PenProNonSvo", 1}, {"NumPenProNonSvo", 300}, {"PenMaxAtt", 1}, {"PenMax", 1}});
     const int pro = nuovaProva();
     const int equ = nuovoEquipaggio(1);
+    const std::tuple<const char*, const char*, int> scarti[] = {
+        {"10:00:00:00", "10:00:59:26", 74}, {"10:00:00:00", "10:01:00:74", -74}, {"", "", 6000}};
+    for (const auto& [tPar, tArr, atteso] : scarti) {
+        scriviRilevamento(equ, pro, tPar, tArr);
+        QCOMPARE(ScartoProva(1, pro), atteso);
+    }
+    // Failures are thrown here, not told.
     QVERIFY_EXCEPTION_THROWN(PenalitaProva(99, pro, true), Errore);
     QVERIFY_EXCEPTION_THROWN(PenalitaProva(1, 99, true), Errore);
     QVERIFY_EXCEPTION_THROWN(ScartoProva(99, pro), Errore);
-    esegui("DELETE FROM Rilevamenti WHERE IDEqu_FK=?", {equ});
+    esegui("DELETE FROM Rilevamenti");
     QCOMPARE(PenalitaProva(1, pro, true), 300.0);
     QVERIFY_EXCEPTION_THROWN(PenalitaProva(1, pro, false), Errore);
 }
 
-void tst_Penalita::coefficiente_data() {
-    QTest::addColumn<bool>("fatAnn");
-    QTest::addColumn<bool>("fatNoASI");
-    QTest::addColumn<bool>("asi");
-    QTest::addColumn<QVariant>("anno");
-    QTest::addColumn<QVariant>("fattore");  // invalid: no group
-    QTest::addColumn<double>("atteso");
-    const QVariant senza;
-    QTest::newRow("year, fixed, ASI") << true << true << true << QVariant(1955) << senza << 1.55;
-    QTest::newRow("year, fixed, NON ASI") << true << true << false << QVariant(1955) << senza << 3.0;
-    QTest::newRow("year, NON ASI") << true << false << false << QVariant(1975) << senza << 1.75;
-    QTest::newRow("fixed, NON ASI") << false << true << false << QVariant(1955) << senza << 3.0;
-    QTest::newRow("fixed, ASI, group") << false << true << true << QVariant(1955) << QVariant(1.1) << 1.1;
-    QTest::newRow("neither") << false << false << false << QVariant(1955) << senza << 1.0;
-    QTest::newRow("1900") << true << false << true << QVariant(1900) << senza << 1.0;
-    QTest::newRow("year Null") << true << false << true << QVariant() << senza << -18.0;
-    QTest::newRow("year and group") << true << false << true << QVariant(1955) << QVariant(1.1) << 1.55 * 1.1;
-    QTest::newRow("group factor 0") << true << false << true << QVariant(1955) << QVariant(0.0) << 1.55;
-}
-
 void tst_Penalita::coefficiente() {
-    QFETCH(bool, fatAnn);
-    QFETCH(bool, fatNoASI);
-    QFETCH(bool, asi);
-    QFETCH(QVariant, anno);
-    QFETCH(QVariant, fattore);
-    ProgrammaDiProva programma;
-    const int man =
-        nuovaManifestazione({{"FatAnn", int(fatAnn)}, {"FatNoASI", int(fatNoASI)}, {"NumFatNoASI", 3}});
-    int gruppo = 0;
-    if (fattore.isValid())
-        gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", fattore}});
-    nuovoEquipaggio(1, {{"Omo", asi ? "A1" : "   "}, {"Ann", anno}, {"IDGru_FK", gruppo}});
-    QTEST(CoefficienteEquipaggio(1), "atteso");
-}
-
-void tst_Penalita::totale() {
-    ProgrammaDiProva programma;
-    const int man = nuovaManifestazione({{"FatAnn", 1}, {"PenMaxAtt", 1}, {"PenMax", 300}});
-    const int gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", 1.1}});
-    const int prima = nuovaProva();
-    const int seconda = nuovaProva();
-    const int equ = nuovoEquipaggio(9, {{"IDGru_FK", gruppo}});
-    scriviRilevamento(equ, prima, "10:00:00:00", "10:01:02:00", 10);    // 200
-    scriviRilevamento(equ, seconda, "10:00:00:00", "10:09:00:00", 20);  // capped to 300
-    QCOMPARE(PenalitaTempi(9, QString(), true), 500.0);
-    QCOMPARE(PenalitaTotale(9, QString(), true), 882.5);
-    QCOMPARE(NumeroEquipaggi(), 1);
+    struct Caso {
+        const char* nome;
+        bool fatAnn, fatNoASI, asi;
+        QVariant anno, fattore;  // no factor: no group
+        double atteso;
+    };
+    const Caso casi[] = {{"year, fixed, ASI", true, true, true, 1955, Null, 1.55},
+                         {"year, fixed, NON ASI", true, true, false, 1955, Null, 3.0},
+                         {"year, NON ASI", true, false, false, 1975, Null, 1.75},
+                         {"fixed, NON ASI", false, true, false, 1955, Null, 3.0},
+                         {"fixed, ASI, group", false, true, true, 1955, 1.1, 1.1},
+                         {"neither", false, false, false, 1955, Null, 1.0},
+                         {"1900", true, false, true, 1900, Null, 1.0},
+                         {"year Null", true, false, true, Null, Null, -18.0},
+                         {"year and group", true, false, true, 1955, 1.1, 1.55 * 1.1},
+                         {"group factor 0", true, false, true, 1955, 0.0, 1.55}};
+    for (const Caso& caso : casi) {
+        ProgrammaDiProva programma;
+        const int man = nuovaManifestazione(
+            {{"FatAnn", int(caso.fatAnn)}, {"FatNoASI", int(caso.fatNoASI)}, {"NumFatNoASI", 3}});
+        int gruppo = 0;
+        if (caso.fattore.isValid())
+            gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", caso.fattore}});
+        nuovoEquipaggio(1, {{"Omo", caso.asi ? "A1" : "   "}, {"Ann", caso.anno}, {"IDGru_FK", gruppo}});
+        QVERIFY2(qFuzzyCompare(CoefficienteEquipaggio(1), caso.atteso), caso.nome);
+    }
 }
 
 void tst_Penalita::sommePerGiornoESvolte() {
@@ -198,6 +163,9 @@ void tst_Penalita::sommePerGiornoESvolte() {
     scriviRilevamento(equ, prove[0], "10:00:00:00", "10:01:00:01", 100);
     scriviRilevamento(equ, prove[1], "10:00:00:00", "10:01:00:20", 200);
     scriviRilevamento(equ, prove[2], "", "", 400);
+    inserisciRiga("Rilevamenti", {{"IDEqu_FK", equ}, {"IDPro_FK", prove[0]}, {"TArr", "11:00:00:00"}});
+    QCOMPARE(NumeroEquipaggi(), 1);
+    // Of rows written twice the first counts.
     const auto somme = [](const char* dat, bool soloSvolte) {
         return std::array{PenalitaTempi(1, dat, soloSvolte), PenalitaAggiunte(1, dat, soloSvolte)};
     };
@@ -206,6 +174,9 @@ void tst_Penalita::sommePerGiornoESvolte() {
     QCOMPARE(somme("14/06/2026", true), (std::array{20.0, 200.0}));
     QCOMPARE(somme("14-6-26", false), (std::array{6020.0, 600.0}));
     QCOMPARE(somme("15/06/2026", false), (std::array{0.0, 0.0}));
+    // The coefficient on the sum of the times alone, each capped before.
+    esegui("UPDATE Manifestazioni SET FatAnn=1,PenMaxAtt=1,PenMax=20");
+    QCOMPARE(PenalitaTotale(1, QString(), false), (1 + 20 + 20) * 1.55 + 700);
 }
 
 void tst_Penalita::traboccoAlCentesimo() {
@@ -241,7 +212,6 @@ void tst_Penalita::rigaMancante() {
     QCOMPARE(PenalitaTempi(4, QString(), true), 6001.0);
     attendiErrore(programma, 4);
     QCOMPARE(PenalitaAggiunte(4, QString(), true), 8.0);
-    QVERIFY(programma.dialoghi.finite());
     QVERIFY_EXCEPTION_THROWN(TempiCompleti(4), Errore);
 
     programma.dialoghi.attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
@@ -258,7 +228,6 @@ void tst_Penalita::gruppoSparito() {
         aggiornaRiga("Equipaggi", "IDEqu", equ, {{"IDGru_FK", gruppo}});
         attendiErrore(programma, 5);
         QCOMPARE(CoefficienteEquipaggio(5), 1.55);
-        QVERIFY(programma.dialoghi.finite());
     }
     aggiornaRiga("Equipaggi", "IDEqu", equ, {{"IDGru_FK", Null}});
     QCOMPARE(CoefficienteEquipaggio(5), 1.55);
@@ -268,35 +237,13 @@ void tst_Penalita::gruppoSparito() {
     QVERIFY(programma.dialoghi.finite());
 }
 
-void tst_Penalita::scarto() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione({{"PenMaxAtt", 1}, {"PenMax", 1}});
-    const int pro = nuovaProva();
-    const int equ = nuovoEquipaggio(1);
-    scriviRilevamento(equ, pro, "10:00:00:00", "10:00:59:26");
-    QCOMPARE(ScartoProva(1, pro), 74);
-    scriviRilevamento(equ, pro, "10:00:00:00", "10:01:00:74");
-    QCOMPARE(ScartoProva(1, pro), -74);
-    scriviRilevamento(equ, pro, "", "");
-    QCOMPARE(ScartoProva(1, pro), 6000);
-}
-
-void tst_Penalita::media_data() {
-    QTest::addColumn<QList<float>>("penalita");
-    QTest::addColumn<float>("attesa");
-    QTest::newRow("none") << QList<float>{} << 0.0F;
-    QTest::newRow("one") << QList<float>{7} << 7.0F;
-    QTest::newRow("two: plain mean") << QList<float>{10, 20} << 15.0F;
-    QTest::newRow("three: the middle one") << QList<float>{10, 90, 20} << 20.0F;
-    QTest::newRow("best and worst out once each") << QList<float>{5, 5, 8, 40, 40} << (98.0F - 5 - 40) / 3;
-}
-
 void tst_Penalita::media() {
-    QFETCH(QList<float>, penalita);
-    QTEST(mediaTagliata({penalita.constData(), std::size_t(penalita.size())}), "attesa");
-}
-
-void tst_Penalita::mediaDalleProveSvolte() {
+    // None, one, the plain mean of two, the middle one of three, best and worst out once each.
+    const std::pair<std::vector<float>, float> casi[] = {
+        {{}, 0}, {{7}, 7}, {{10, 20}, 15}, {{10, 90, 20}, 20}, {{5, 5, 8, 40, 40}, (98.0F - 5 - 40) / 3}};
+    for (const auto& [penalita, attesa] : casi)
+        QCOMPARE(mediaTagliata(penalita), attesa);
+    // Of the tests run, without what was added.
     ProgrammaDiProva programma;
     nuovaManifestazione();
     const std::array prove{nuovaProva(), nuovaProva(), nuovaProva(), nuovaProva({{"Svo", 0}})};
@@ -308,32 +255,22 @@ void tst_Penalita::mediaDalleProveSvolte() {
     QCOMPARE(MediaPenalita(equ), 20.0F);
 }
 
-void tst_Penalita::taglia_data() {
-    QTest::addColumn<QString>("parola");
-    QTest::addColumn<QString>("atteso");
-    QTest::newRow("MIN") << "MIN"
-                         << "10:15:00:00";
-    QTest::newRow("SEC") << "SEC"
-                         << "10:15:20:00";
-    QTest::newRow("DEC") << "DEC"
-                         << "10:15:20:30";
-    QTest::newRow("CEN") << "CEN"
-                         << "10:15:20:37";
-    QTest::newRow("none") << "ORE"
-                          << "";
-}
-
 void tst_Penalita::taglia() {
-    QFETCH(QString, parola);
-    QFETCH(QString, atteso);
+    const std::pair<const char*, const char*> casi[] = {{"MIN", "10:15:00:00"},
+                                                        {"SEC", "10:15:20:00"},
+                                                        {"DEC", "10:15:20:30"},
+                                                        {"CEN", "10:15:20:37"},
+                                                        {"ORE", ""}};
     ProgrammaDiProva programma;
-    nuovaManifestazione({{"PrePA", parola}, {"PrePANoASI", "SEC"}});
-    QCOMPARE(TagliaTempo("10:15:20:37", true, "PA"), atteso);
-    QCOMPARE(TagliaTempo("10:15:20:37", false, "PA"), atteso);  // classes not told apart
-    esegui("UPDATE Manifestazioni SET ASIeNONASI=1");
-    QCOMPARE(TagliaTempo("10:15:20:37", true, "PA"), atteso);
-    QCOMPARE(TagliaTempo("10:15:20:37", false, "PA"), QStringLiteral("10:15:20:00"));
-    QCOMPARE(TagliaTempo("   ", true, "PA"), QString());
+    for (const auto& [parola, testo] : casi) {
+        const QString atteso(testo);
+        nuovaManifestazione({{"PrePA", parola}, {"PrePANoASI", "SEC"}});
+        QCOMPARE(TagliaTempo("10:15:20:37", false, "PA"), atteso);  // classes not told apart
+        esegui("UPDATE Manifestazioni SET ASIeNONASI=1");
+        QCOMPARE(TagliaTempo("10:15:20:37", true, "PA"), atteso);
+        QCOMPARE(TagliaTempo("10:15:20:37", false, "PA"), QString("10:15:20:00"));
+    }
+    QCOMPARE(TagliaTempo("   ", false, "PA"), QString());
     QCOMPARE(TagliaTempo("10:15:20:37", true, "XX"), QString());
 }
 
@@ -345,8 +282,7 @@ void tst_Penalita::precisioni() {
                          {"PrePMNoASI", "SEC"},
                          {"PreCO", "ORE"},
                          {"PreCONoASI", "SEC"}});
-    QVERIFY(PrecisioneASINonInferiore("PA"));
-    QVERIFY(PrecisioneASINonInferiore("PM"));
+    QVERIFY(PrecisioneASINonInferiore("PA") && PrecisioneASINonInferiore("PM"));
     QVERIFY(!PrecisioneASINonInferiore("CO"));
     esegui("UPDATE Manifestazioni SET PreCONoASI='MIN'");
     QVERIFY(PrecisioneASINonInferiore("CO"));
@@ -366,22 +302,6 @@ void tst_Penalita::completi() {
     QVERIFY(TempiCompleti(99));
     esegui("UPDATE Prove SET Svo=0");
     QVERIFY(TempiCompleti(1));
-}
-
-void tst_Penalita::nienteTenutoDaParte() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const int pro = nuovaProva();
-    const int equ = nuovoEquipaggio(1);
-    scriviRilevamento(equ, pro, "10:00:00:00", "10:01:00:10");
-    // Of rows written twice the first counts.
-    inserisciRiga("Rilevamenti",
-                  {{"IDEqu_FK", equ}, {"IDPro_FK", pro}, {"TPar", "10:00:00:00"}, {"TArr", "11:00:00:00"}});
-    QCOMPARE(PenalitaTotale(1, QString(), true), 10.0);
-    esegui("UPDATE Manifestazioni SET PenUniPA=2");
-    QCOMPARE(PenalitaTotale(1, QString(), true), 20.0);
-    scriviRilevamento(equ, pro, "10:00:00:00", "10:01:00:11");
-    QCOMPARE(PenalitaTotale(1, QString(), true), 22.0);
 }
 
 QTEST_GUILESS_MAIN(tst_Penalita)

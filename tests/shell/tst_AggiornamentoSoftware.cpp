@@ -9,7 +9,6 @@
 #include <QMainWindow>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -22,23 +21,15 @@ class tst_AggiornamentoSoftware final : public QObject {
 private Q_SLOTS:
     void init();
     void cleanup();
-    void lettura_data();
     void lettura();
-    void confronto_data();
     void confronto();
-    void scarico_data();
     void scarico();
-    void portaChiusa();
     void serverMuto();
     void annulla();
-    void percorsoNonScrivibile();
-    void nuovaAccettata();
-    void nuovaRifiutata();
-    void nonNecessario_data();
+    void nuova();
     void nonNecessario();
     void fallito();
     void aggiornatoreAssente();
-    void rispostaNonValida();
 
 private:
     // A check whose server answers with these bytes as the file's content.
@@ -95,13 +86,6 @@ QByteArray rinvio(const QByteArray& dove) {
     return "HTTP/1.1 302 Found\r\nLocation: " + dove + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
 }
 
-const QString Rifiutato = "(refused)";
-
-// Of a server that is gone.
-QUrl indirizzoChiuso() {
-    return ServerDiProva(QByteArray()).indirizzo();
-}
-
 QString fileVersione() {
     return percorsoNelProgramma("vlmver.txt");
 }
@@ -119,10 +103,8 @@ void scrivi(const QString& percorso, const QByteArray& dati) {
 
 QByteArray remota(int maggiore, int minore, int revisione) {
     const Versione locale = versioneProgramma();
-    return QString("%1\r\n%2\r\n%3\r\n")
-        .arg(locale[0] + maggiore)
-        .arg(locale[1] + minore)
-        .arg(locale[2] + revisione)
+    return testoVersione({locale[0] + maggiore, locale[1] + minore, locale[2] + revisione})
+        .replace(".", "\r\n")
         .toUtf8();
 }
 
@@ -155,100 +137,70 @@ MezziAggiornamento tst_AggiornamentoSoftware::mezzi(const QByteArray& file) {
     return mezzi;
 }
 
-void tst_AggiornamentoSoftware::lettura_data() {
-    QTest::addColumn<QByteArray>("dati");
-    QTest::addColumn<QString>("versione");
-    QTest::newRow("three lines") << QByteArray("2\n6\n1\n") << "2.6.1";
-    QTest::newRow("no last line end") << QByteArray("2\r\n6\r\n15") << "2.6.15";
-    QTest::newRow("blanks") << QByteArray(" 2 \n\t6\n1 \n") << "2.6.1";
-    QTest::newRow("words") << QByteArray("due\n6\nbeta1\n") << "0.6.0";
-    QTest::newRow("digits, then words") << QByteArray("2a\n6.1\n0x10\n") << "0.0.0";
-    QTest::newRow("too large") << QByteArray("99999999999\n1\n1\n") << "0.1.1";
-    QTest::newRow("two lines") << QByteArray("3\n1\n") << "3.1.0";
-    QTest::newRow("empty lines") << QByteArray("\n\n7") << "0.0.7";
-    QTest::newRow("empty") << QByteArray() << "0.0.0";
-    QTest::newRow("four numbers") << QByteArray("1\n2\n3\n4\n") << Rifiutato;
-    QTest::newRow("an empty fourth") << QByteArray("1\n2\n3\n\n") << Rifiutato;
-    QTest::newRow("a page") << QByteArray("<html>\n<body>\n<p>Accesso</p>\n</body>\n</html>\n") << Rifiutato;
-    QTest::newRow("bytes") << QByteArray("\0\xff\xfe\n\x01", 5) << "0.0.0";
-}
-
 void tst_AggiornamentoSoftware::lettura() {
-    QFETCH(QByteArray, dati);
-    scrivi(fileVersione(), dati);
-    try {
-        QTEST(testoVersione(leggiVersione(fileVersione())), "versione");
-    } catch (const Errore& errore) {
-        QVERIFY2(errore.testo().contains("più di tre righe"), qPrintable(errore.testo()));
-        QTEST(Rifiutato, "versione");
+    const std::pair<QByteArray, const char*> casi[] = {
+        {"2\n6\n1\n", "2.6.1"},
+        {"2\r\n6\r\n15", "2.6.15"},
+        {" 2 \n\t6\n1 \n", "2.6.1"},
+        {"due\n6\nbeta1\n", "0.6.0"},
+        {"2a\n6.1\n0x10\n", "0.0.0"},
+        {"99999999999\n1\n1\n", "0.1.1"},
+        {"3\n1\n", "3.1.0"},
+        {"\n\n7", "0.0.7"},
+        {"", "0.0.0"},
+        {QByteArray("\0\xff\xfe\n\x01", 5), "0.0.0"},
+        {"1\n2\n3\n4\n", "refused"},
+        {"1\n2\n3\n\n", "refused"},
+        {"<html>\n<body>\n<p>Accesso</p>\n</body>\n</html>\n", "refused"}};
+    for (const auto& [dati, attesa] : casi) {
+        scrivi(fileVersione(), dati);
+        QString letta;
+        try {
+            letta = testoVersione(leggiVersione(fileVersione()));
+        } catch (const Errore& errore) {
+            letta = errore.testo().contains("più di tre righe") ? "refused" : errore.testo();
+        }
+        QCOMPARE(letta, QString(attesa));
     }
 }
 
-void tst_AggiornamentoSoftware::confronto_data() {
-    QTest::addColumn<Versione>("remota");
-    QTest::addColumn<Versione>("locale");
-    QTest::addColumn<bool>("nuova");
-    QTest::newRow("same") << Versione{2, 6, 1} << Versione{2, 6, 1} << false;
-    QTest::newRow("revision") << Versione{2, 6, 2} << Versione{2, 6, 1} << true;
-    QTest::newRow("minor") << Versione{2, 7, 0} << Versione{2, 6, 1} << true;
-    QTest::newRow("major") << Versione{3, 0, 0} << Versione{2, 6, 1} << true;
-    QTest::newRow("all smaller") << Versione{1, 5, 0} << Versione{2, 6, 1} << false;
-    QTest::newRow("greater minor does not stop") << Versione{2, 6, 1} << Versione{2, 7, 0} << true;
-    QTest::newRow("greater major does not stop") << Versione{1, 7, 0} << Versione{2, 6, 0} << true;
-    QTest::newRow("not as text") << Versione{2, 10, 0} << Versione{2, 9, 0} << true;
-    QTest::newRow("zeros") << Versione{0, 0, 0} << Versione{0, 0, 0} << false;
-}
-
 void tst_AggiornamentoSoftware::confronto() {
-    QFETCH(Versione, remota);
-    QFETCH(Versione, locale);
-    QTEST(versioneNuova(remota, locale), "nuova");
-}
-
-void tst_AggiornamentoSoftware::scarico_data() {
-    using Risposte = QHash<QByteArray, QByteArray>;
-    QTest::addColumn<Risposte>("risposte");
-    QTest::addColumn<QByteArray>("file");  // "(none)" when the download must fail
-    const QByteArray niente = "(none)";
-    const QByteArray buono = "2\r\n6\r\n1\r\n";
-    QTest::newRow("whole") << Risposte{{"/v", http("200 OK", buono)}} << buono;
-    QTest::newRow("empty file") << Risposte{{"/v", http("200 OK", "")}} << QByteArray();
-    QTest::newRow("sent elsewhere") << Risposte{{"/v", rinvio("/altrove")},
-                                                {"/altrove", http("200 OK", buono)}}
-                                    << buono;
-    QTest::newRow("sent round and round") << Risposte{{"/v", rinvio("/v")}} << niente;
-    QTest::newRow("404") << Risposte{{"/v", http("404 Not Found", buono)}} << niente;
-    QTest::newRow("500") << Risposte{{"/v", http("500 Internal Server Error", buono)}} << niente;
-    QTest::newRow("204") << Risposte{{"/v", "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n"}}
-                         << niente;
-    QTest::newRow("closes in the middle") << Risposte{{"/v", http("200 OK", "2\r\n6", 9)}} << niente;
-    QTest::newRow("closes after the head") << Risposte{{"/v", http("200 OK", "", 9)}} << niente;
-    QTest::newRow("not HTTP") << Risposte{{"/v", "220 posta.example ESMTP\r\n"}} << niente;
-    QTest::newRow("at the limit") << Risposte{{"/v", http("200 OK", QByteArray(MassimoScarico, '1'))}}
-                                  << QByteArray(MassimoScarico, '1');
-    QTest::newRow("one byte too long")
-        << Risposte{{"/v", http("200 OK", QByteArray(MassimoScarico + 1, '1'))}} << niente;
-    QTest::newRow("endless") << Risposte{{"/v", "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(8'000'000, '1')}}
-                             << niente;
+    // Numbers, not texts; a greater number of the two before it does not stop a smaller one from counting.
+    const std::tuple<Versione, Versione, bool> casi[] = {
+        {{2, 6, 1}, {2, 6, 1}, false}, {{2, 6, 2}, {2, 6, 1}, true},  {{2, 7, 0}, {2, 6, 1}, true},
+        {{3, 0, 0}, {2, 6, 1}, true},  {{1, 5, 0}, {2, 6, 1}, false}, {{2, 6, 1}, {2, 7, 0}, true},
+        {{1, 7, 0}, {2, 6, 0}, true},  {{2, 10, 0}, {2, 9, 0}, true}, {{0, 0, 0}, {0, 0, 0}, false}};
+    for (const auto& [remota, locale, nuova] : casi)
+        QVERIFY2(versioneNuova(remota, locale) == nuova, qPrintable(testoVersione(remota)));
 }
 
 void tst_AggiornamentoSoftware::scarico() {
-    using Risposte = QHash<QByteArray, QByteArray>;
-    QFETCH(Risposte, risposte);
-    QFETCH(QByteArray, file);
-    const ServerDiProva server(risposte);
-    const EsitoScarico esito = scaricaVersione(server.indirizzo(), fileVersione());
-    QCOMPARE(esito, file == "(none)" ? EsitoScarico::Fallito : EsitoScarico::Riuscito);
-    QCOMPARE(contenuto(fileVersione()), file);
-    QVERIFY(QDir(PercorsoApp).entryList(QDir::Files | QDir::Hidden).size() <= 1);
-    QVERIFY(server.richieste >= 1 && server.richieste <= 5);
-}
-
-void tst_AggiornamentoSoftware::portaChiusa() {
-    QCOMPARE(scaricaVersione(indirizzoChiuso(), fileVersione()), EsitoScarico::Fallito);
-    QVERIFY(!QFile::exists(fileVersione()));
-    QCOMPARE(scaricaVersione(QUrl(QString("http://")), fileVersione()), EsitoScarico::Fallito);
-    QCOMPARE(scaricaVersione(QUrl(), fileVersione()), EsitoScarico::Fallito);
+    const QByteArray niente = "(none)";  // the download must fail
+    const QByteArray buono = "2\r\n6\r\n1\r\n";
+    const QByteArray lungo(MassimoScarico, '1');
+    const std::tuple<const char*, QHash<QByteArray, QByteArray>, QByteArray> casi[] = {
+        {"whole", {{"/v", http("200 OK", buono)}}, buono},
+        {"empty file", {{"/v", http("200 OK", "")}}, ""},
+        {"sent elsewhere", {{"/v", rinvio("/altrove")}, {"/altrove", http("200 OK", buono)}}, buono},
+        {"sent round and round", {{"/v", rinvio("/v")}}, niente},
+        {"404", {{"/v", http("404 Not Found", buono)}}, niente},
+        {"500", {{"/v", http("500 Internal Server Error", buono)}}, niente},
+        {"204", {{"/v", "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n"}}, niente},
+        {"closes in the middle", {{"/v", http("200 OK", "2\r\n6", 9)}}, niente},
+        {"closes after the head", {{"/v", http("200 OK", "", 9)}}, niente},
+        {"not HTTP", {{"/v", "220 posta.example ESMTP\r\n"}}, niente},
+        {"at the limit", {{"/v", http("200 OK", lungo)}}, lungo},
+        {"one byte too long", {{"/v", http("200 OK", lungo + '1')}}, niente},
+        {"endless", {{"/v", "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(8'000'000, '1')}}, niente}};
+    for (const auto& [nome, risposte, file] : casi) {
+        QFile::remove(fileVersione());
+        const ServerDiProva server(risposte);
+        const EsitoScarico esito = scaricaVersione(server.indirizzo(), fileVersione());
+        QVERIFY2(esito == (file == niente ? EsitoScarico::Fallito : EsitoScarico::Riuscito), nome);
+        QVERIFY2(contenuto(fileVersione()) == file, nome);
+        QVERIFY(QDir(PercorsoApp).entryList(QDir::Files | QDir::Hidden).size() <= 1);
+        QVERIFY(server.richieste >= 1 && server.richieste <= 5);
+    }
 }
 
 void tst_AggiornamentoSoftware::serverMuto() {
@@ -300,22 +252,18 @@ void tst_AggiornamentoSoftware::annulla() {
     }
 }
 
-void tst_AggiornamentoSoftware::percorsoNonScrivibile() {
-    const ServerDiProva server(http("200 OK", "1\n0\n0\n"));
-    QVERIFY_EXCEPTION_THROWN(scaricaVersione(server.indirizzo(), percorsoNelProgramma("assente/vlmver.txt")),
-                             Errore);
-    QVERIFY(QDir(PercorsoApp).mkdir("vlmver.txt"));
-    QVERIFY_EXCEPTION_THROWN(aggiornaSoftware(mezzi("1\n0\n0\n")), Errore);
-}
-
-void tst_AggiornamentoSoftware::nuovaAccettata() {
+void tst_AggiornamentoSoftware::nuova() {
     scrivi(fileVersione(), "di prima");
+    m_programma->dialoghi.attendiDomanda("Nuova Versione Disponibile", QString(), false);
+    aggiornaSoftware(mezzi(remota(0, 0, 1)));
+    QVERIFY(m_avviati.isEmpty());
+    QCOMPARE(m_terminato, 0);
     m_programma->dialoghi.attendiDomanda(
         "Nuova Versione Disponibile",
         QString("E' Disponibile l'Aggiornamento alla Versione %1\n"
                 "La Versione Attualmente Utilizzata è la %2\n"
                 "Si Desidera Scaricare ed Installare la Nuova Versione ?")
-            .arg(QString(remota(0, 1, 0)).trimmed().replace("\r\n", "."), VELMORA_VERSIONE),
+            .arg(QString(remota(0, 1, 0)).replace("\r\n", "."), VELMORA_VERSIONE),
         true);
     aggiornaSoftware(mezzi(remota(0, 1, 0)));
     QCOMPARE(m_avviati, QStringList{percorsoNelProgramma("VLMUpdater.exe")});
@@ -323,42 +271,38 @@ void tst_AggiornamentoSoftware::nuovaAccettata() {
     QCOMPARE(contenuto(fileVersione()), remota(0, 1, 0));
 }
 
-void tst_AggiornamentoSoftware::nuovaRifiutata() {
-    m_programma->dialoghi.attendiDomanda("Nuova Versione Disponibile", QString(), false);
-    aggiornaSoftware(mezzi(remota(0, 0, 1)));
-    QVERIFY(m_avviati.isEmpty());
-    QCOMPARE(m_terminato, 0);
-}
-
-void tst_AggiornamentoSoftware::nonNecessario_data() {
-    QTest::addColumn<QByteArray>("file");
-    QTest::newRow("same") << remota(0, 0, 0);
-    QTest::newRow("older") << remota(-1, 0, 0);
-    QTest::newRow("rubbish") << QByteArray("che\nvuoi\nda me");
-    QTest::newRow("empty") << QByteArray();
-}
-
 void tst_AggiornamentoSoftware::nonNecessario() {
-    QFETCH(QByteArray, file);
-    m_programma->dialoghi.attendiMessaggio("Aggiornamento non Necessario",
-                                           "Il Software è Già Aggiornato all'Ultima Versione Disponibile",
-                                           Icona::Informazione);
-    aggiornaSoftware(mezzi(file));
+    for (const QByteArray& file :
+         {remota(0, 0, 0), remota(-1, 0, 0), QByteArray("che\nvuoi\nda me"), QByteArray()}) {
+        m_programma->dialoghi.attendiMessaggio("Aggiornamento non Necessario",
+                                               "Il Software è Già Aggiornato all'Ultima Versione Disponibile",
+                                               Icona::Informazione);
+        aggiornaSoftware(mezzi(file));
+        QVERIFY(m_programma->dialoghi.finite());
+    }
     QVERIFY(m_avviati.isEmpty());
 }
 
 void tst_AggiornamentoSoftware::fallito() {
-    scrivi(fileVersione(), "di prima");
-    const QUrl chiusa = indirizzoChiuso();
-    MezziAggiornamento senzaRete = mezzi({});
-    senzaRete.scarica = [&](const QString& percorso) { return scaricaVersione(chiusa, percorso); };
-    m_programma->dialoghi.attendiMessaggio(
-        "Impossibile Effettuare l'Aggiornamento",
-        "La Connessione ad Internet Potrebbe Essere non Disponibile\n"
-        "Oppure il Server di Aggiornamento è Momentaneamente Irraggiungibile");
-    aggiornaSoftware(senzaRete);
-    QVERIFY(!QFile::exists(fileVersione()));
-    QCOMPARE(m_terminato, 0);
+    // A server that is gone, and addresses that are none.
+    for (const QUrl& indirizzo : {ServerDiProva(QByteArray()).indirizzo(), QUrl("http://"), QUrl()}) {
+        scrivi(fileVersione(), "di prima");
+        MezziAggiornamento senzaRete = mezzi({});
+        senzaRete.scarica = [&](const QString& percorso) { return scaricaVersione(indirizzo, percorso); };
+        m_programma->dialoghi.attendiMessaggio(
+            "Impossibile Effettuare l'Aggiornamento",
+            "La Connessione ad Internet Potrebbe Essere non Disponibile\n"
+            "Oppure il Server di Aggiornamento è Momentaneamente Irraggiungibile");
+        aggiornaSoftware(senzaRete);
+        QVERIFY(m_programma->dialoghi.finite());
+        QVERIFY(!QFile::exists(fileVersione()));
+        QCOMPARE(m_terminato, 0);
+    }
+    // A place that cannot be written is an error of its own.
+    const QString assente = percorsoNelProgramma("assente/vlmver.txt");
+    QVERIFY_EXCEPTION_THROWN(mezzi("1\n0\n0\n").scarica(assente), Errore);
+    QVERIFY(QDir(PercorsoApp).mkdir("vlmver.txt"));
+    QVERIFY_EXCEPTION_THROWN(aggiornaSoftware(mezzi("1\n0\n0\n")), Errore);
 }
 
 void tst_AggiornamentoSoftware::aggiornatoreAssente() {
@@ -381,12 +325,6 @@ void tst_AggiornamentoSoftware::aggiornatoreAssente() {
     QCOMPARE(m_terminato, 1);
     QTRY_VERIFY(QFile::exists(traccia));
     QCOMPARE(contenuto(traccia).trimmed(), QFileInfo(PercorsoApp).canonicalFilePath().toUtf8());
-}
-
-void tst_AggiornamentoSoftware::rispostaNonValida() {
-    QVERIFY_EXCEPTION_THROWN(aggiornaSoftware(mezzi("9\n9\n9\n9\n")), Errore);
-    QVERIFY(m_avviati.isEmpty());
-    QCOMPARE(indirizzoVersione().path(), QString("/software/vlm/update/vlmver.txt"));
 }
 
 PROVA_FINESTRE(tst_AggiornamentoSoftware)

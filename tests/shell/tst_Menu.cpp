@@ -20,102 +20,83 @@ class tst_Menu final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void controlli_data();
     void controlli();
-    void incassiCambiaTitolo();
-    void offlineHaDueTitoli();
+    void titoliCheCambiano();
     void tasti();
 };
 
 // What each entry's guard asks, by title, as the operator's manual lists them.
-void tst_Menu::controlli_data() {
-    QTest::addColumn<QString>("voce");
-    QTest::addColumn<QString>("titolo");
-    QTest::addColumn<bool>("conDati");  // tests and crews too
-    const auto righe = [](const char* titolo, bool conDati, const QStringList& voci) {
-        for (const QString& voce : voci)
-            QTest::newRow(qPrintable(voce)) << voce << QString::fromUtf8(titolo) << conDati;
-    };
-    righe("Impossibile Modificare", false, {"mnuModificaManifestazione"});
-    righe("Impossibile Eliminare", false, {"mnuEliminaManifestazione"});
-    righe("Impossibile Accedere Alle Iscrizioni", false,
-          {"mnuTabellaIscrizioni", "mnuTabellaIscrizioniRapida", "mnuModuloIscrizioni",
-           "mnuModuloIscrizionirapido"});
-    righe("Impossibile Accedere ai Prezzi di Iscrizione", false, {"mnuPrezzi"});
-    righe("Impossibile Gestire le Prove", false, {"mnuProveSvolte"});
-    righe("Impossibile Accedere All'Immissione Tempi", true, {"mnuImmManuale", "mnuPenalitaAggiuntive"});
-    righe("Impossibile Accedere Alla Ricezione ONLINE", true, {"mnuRXONLINE"});
-    righe("Impossibile Accedere Alla Gestione Degli Orari di Partenza", true, {"mnuOrariDiPartenza"});
-    righe("Impossibile Creare Una Ripartenza", true, {"mnuCreaRipartenza"});
-    righe("Impossibile Accedere Alla Classfica di Prova", true, {"mnuClasProva", "mnuClasProvaExcel"});
-    righe("Impossibile Accedere Al Prospetto Tempi", true,
-          {"mnuStampaProspettoTempi", "mnuStampaProspettoTempiExcel", "mnuStampaProspettoTempiCompresso",
-           "mnuStampaProspettoTempiCompressoExcel", "mnuStampaCoefficienti", "mnuStampaCoefficientiExcel"});
-    righe("Impossibile Accedere Alle Verifiche", false,
-          {"mnuVerificheTutti", "mnuVerificheASI", "mnuVerificheNONASI"});
-    righe("Impossibile Accedere Alla Stampa Schede", false, {"mnuSchede"});
-    righe("Impossibile Accedere All'Iportazione", false, {"mnuImportazioneIscrizionidaExcel"});
-    righe("Impossibile Generare la Classsifica", false,
-          {"mnuStampaListaDiPartenza", "mnuStampaListaDiPartenzaExcel", "mnuStampaListaDiPartenzaConOrari",
-           "mnuStampaListaDiPartenzaConOrariinExcel", "mnuImportazioneProve", "mnuClasRaggruppamento"});
-}
-
 void tst_Menu::controlli() {
-    QFETCH(QString, voce);
-    QFETCH(QString, titolo);
-    QFETCH(bool, conDati);
-    ProgrammaDiProva programma;
-    const auto trovata = std::ranges::find(vociMenu(), voce, nome);
-    QVERIFY(trovata != vociMenu().end());
-    const auto rifiuta = [&](const QString& testo) {
-        programma.dialoghi.attendiMessaggio(titolo, testo);
-        return !controlla(trovata->controllo) && programma.dialoghi.finite();
-    };
-    QVERIFY(rifiuta(NessunaAttiva));
-    IDMan = 99;  // a key whose row is gone
-    QVERIFY(rifiuta(NessunaAttiva));
-    nuovaManifestazione();
-    if (conDati) {
-        QVERIFY(rifiuta(NessunaProva));  // with neither, the tests are named
-        const int pro = nuovaProva();
-        QVERIFY(rifiuta(NessunEquipaggio));
-        nuovoEquipaggio(1);
-        esegui("DELETE FROM Prove WHERE IDPro=?", {pro});
-        QVERIFY(rifiuta(NessunaProva));
-        nuovaProva();
+    const std::tuple<const char*, bool, const char*> casi[] = {
+        // true: tests and crews too
+        {"Impossibile Modificare", false, "mnuModificaManifestazione"},
+        {"Impossibile Eliminare", false, "mnuEliminaManifestazione"},
+        {"Impossibile Accedere Alle Iscrizioni", false,
+         "mnuTabellaIscrizioni mnuTabellaIscrizioniRapida mnuModuloIscrizioni "
+         "mnuModuloIscrizionirapido"},
+        {"Impossibile Accedere ai Prezzi di Iscrizione", false, "mnuPrezzi"},
+        {"Impossibile Gestire le Prove", false, "mnuProveSvolte"},
+        {"Impossibile Accedere All'Immissione Tempi", true, "mnuImmManuale mnuPenalitaAggiuntive"},
+        {"Impossibile Accedere Alla Ricezione ONLINE", true, "mnuRXONLINE"},
+        {"Impossibile Accedere Alla Gestione Degli Orari di Partenza", true, "mnuOrariDiPartenza"},
+        {"Impossibile Creare Una Ripartenza", true, "mnuCreaRipartenza"},
+        {"Impossibile Accedere Alla Classfica di Prova", true, "mnuClasProva mnuClasProvaExcel"},
+        {"Impossibile Accedere Al Prospetto Tempi", true,
+         "mnuStampaProspettoTempi mnuStampaProspettoTempiExcel mnuStampaProspettoTempiCompresso "
+         "mnuStampaProspettoTempiCompressoExcel mnuStampaCoefficienti mnuStampaCoefficientiExcel"},
+        {"Impossibile Accedere Alle Verifiche", false,
+         "mnuVerificheTutti mnuVerificheASI mnuVerificheNONASI"},
+        {"Impossibile Accedere Alla Stampa Schede", false, "mnuSchede"},
+        {"Impossibile Accedere All'Iportazione", false, "mnuImportazioneIscrizionidaExcel"},
+        {"Impossibile Generare la Classsifica", false,
+         "mnuStampaListaDiPartenza mnuStampaListaDiPartenzaExcel mnuStampaListaDiPartenzaConOrari "
+         "mnuStampaListaDiPartenzaConOrariinExcel mnuImportazioneProve mnuClasRaggruppamento"}};
+    for (const auto& [titolo, conDati, voci] : casi) {
+        for (const QString& voce : QString(voci).split(' ')) {
+            ProgrammaDiProva programma;
+            const auto trovata = std::ranges::find(vociMenu(), voce, nome);
+            QVERIFY2(trovata != vociMenu().end(), qPrintable(voce));
+            const auto rifiuta = [&, titolo = titolo](const QString& testo) {
+                programma.dialoghi.attendiMessaggio(titolo, testo);
+                return !controlla(trovata->controllo) && programma.dialoghi.finite();
+            };
+            QVERIFY2(rifiuta(NessunaAttiva), qPrintable(voce));
+            IDMan = 99;  // a key whose row is gone
+            QVERIFY2(rifiuta(NessunaAttiva), qPrintable(voce));
+            nuovaManifestazione();
+            if (conDati) {
+                QVERIFY2(rifiuta(NessunaProva), qPrintable(voce));  // with neither, the tests are named
+                const int pro = nuovaProva();
+                QVERIFY2(rifiuta(NessunEquipaggio), qPrintable(voce));
+                nuovoEquipaggio(1);
+                esegui("DELETE FROM Prove WHERE IDPro=?", {pro});
+                QVERIFY2(rifiuta(NessunaProva), qPrintable(voce));
+                nuovaProva();
+            }
+            QVERIFY2(controlla(trovata->controllo), qPrintable(voce));
+        }
     }
-    QVERIFY(controlla(trovata->controllo));
 }
 
-void tst_Menu::incassiCambiaTitolo() {
+void tst_Menu::titoliCheCambiano() {
     ProgrammaDiProva programma;
-    const QString titolo("Impossibile Accedere alle Quote di Iscrizione");
-    const auto rifiuta = [&](const QString& conTitolo, const QString& testo) {
-        programma.dialoghi.attendiMessaggio(conTitolo, testo);
-        return !controlla(Controllo::Quote) && programma.dialoghi.finite();
+    const auto rifiuta = [&](Controllo controllo, const QString& titolo, const QString& testo) {
+        programma.dialoghi.attendiMessaggio("Impossibile Accedere " + titolo, testo);
+        return !controlla(controllo) && programma.dialoghi.finite();
     };
-    QVERIFY(rifiuta(titolo, NessunaAttiva));
+    QVERIFY(rifiuta(Controllo::Quote, "alle Quote di Iscrizione", NessunaAttiva));
+    QVERIFY(rifiuta(Controllo::RicezioneOffLine, "Alla Ricezione Tempi", NessunaAttiva));
     IDMan = 99;
-    QVERIFY(rifiuta("Impossibile Accedere agli Incassi", NessunaAttiva));
+    QVERIFY(rifiuta(Controllo::Quote, "agli Incassi", NessunaAttiva));
     const int man = nuovaManifestazione();
-    QVERIFY(rifiuta(titolo, "Nessun Prezzo di Iscrizione Inserito"));
+    QVERIFY(rifiuta(Controllo::Quote, "alle Quote di Iscrizione", "Nessun Prezzo di Iscrizione Inserito"));
+    QVERIFY(rifiuta(Controllo::RicezioneOffLine, "Alla Ricezione OFFLINE", NessunaProva));
     inserisciRiga("Prezzi", {{"IDMan_FK", man}});
-    QVERIFY(rifiuta(titolo, NessunEquipaggio));
+    nuovaProva();
+    QVERIFY(rifiuta(Controllo::Quote, "alle Quote di Iscrizione", NessunEquipaggio));
+    QVERIFY(rifiuta(Controllo::RicezioneOffLine, "Alla Ricezione OFFLINE", NessunEquipaggio));
     nuovoEquipaggio(1);
     QVERIFY(controlla(Controllo::Quote));
-}
-
-void tst_Menu::offlineHaDueTitoli() {
-    ProgrammaDiProva programma;
-    const auto rifiuta = [&](const QString& titolo, const QString& testo) {
-        programma.dialoghi.attendiMessaggio(titolo, testo);
-        return !controlla(Controllo::RicezioneOffLine) && programma.dialoghi.finite();
-    };
-    QVERIFY(rifiuta("Impossibile Accedere Alla Ricezione Tempi", NessunaAttiva));
-    nuovaManifestazione();
-    QVERIFY(rifiuta("Impossibile Accedere Alla Ricezione OFFLINE", NessunaProva));
-    nuovaProva();
-    QVERIFY(rifiuta("Impossibile Accedere Alla Ricezione OFFLINE", NessunEquipaggio));
 }
 
 void tst_Menu::tasti() {

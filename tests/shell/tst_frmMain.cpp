@@ -1,7 +1,6 @@
 #include "archive/Aggiornamenti.h"
 #include "archive/ErroreArchivio.h"
 #include "common/API.h"
-#include "output/Anteprima.h"
 #include "output/Rapporto.h"
 #include "shell/Avvio.h"
 #include "shell/AzioniMenu.h"
@@ -9,6 +8,7 @@
 #include "shell/frmMain.h"
 #include "shell/Menu.h"
 #include "shell/Salvataggio.h"
+#include "supporto/AnteprimaDiProva.h"
 #include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
@@ -19,7 +19,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -27,16 +26,20 @@ using Archivio = ProgrammaDiProva::Archivio;
 
 namespace {
 
-class AnteprimaDiProva final : public Anteprima {
-public:
-    AnteprimaDiProva() { installa(this); }
-    ~AnteprimaDiProva() override { installa(nullptr); }
-    void mostra(const Rapporto& rapporto) override { titoli << rapporto.titoloFinestra; }
-    QStringList titoli;
-};
+// The titles of what was shown since the last call.
+QStringList titoli(AnteprimaDiProva& anteprima) {
+    QStringList tutti;
+    for (const Rapporto& rapporto : std::exchange(anteprima.mostrati, {}))
+        tutti << rapporto.titoloFinestra;
+    return tutti;
+}
 
 QString testo(const QWidget& finestra, const char* nome) {
     return finestra.findChild<QLabel*>(nome)->text();
+}
+
+void premi(const QWidget& finestra, const char* nome) {
+    QTest::mouseClick(finestra.findChild<QPushButton*>(nome), Qt::LeftButton);
 }
 
 void scegli(frmMain& principale, const QString& voce) {
@@ -59,15 +62,15 @@ void quandoSiApre(const char* classe, Azione azione) {
     orologio->start(1);
 }
 
-// Caption of each action with the menus that lead to it, keys aside.
-QStringList percorsi(const QList<QAction*>& azioni, const QString& inizio = {}) {
+// Caption and name of each action, keys aside; a menu's are between its caption with ":" and "/".
+QStringList albero(const QList<QAction*>& azioni) {
     QStringList tutti;
     for (QAction* azione : azioni) {
-        const QString qui = inizio + azione->text().remove('&');
+        const QString testo = azione->text().remove('&');
         if (azione->menu())
-            tutti << percorsi(azione->menu()->actions(), qui + " > ");
+            tutti << testo + ':' << albero(azione->menu()->actions()) << "/";
         else
-            tutti << qui + " = " + azione->objectName();
+            tutti << testo + " = " + azione->objectName();
     }
     return tutti;
 }
@@ -79,17 +82,13 @@ class tst_frmMain final : public QObject {
 
 private Q_SLOTS:
     void primoAvvio();
-    void chiaveStantia();
     void pannello();
-    void pannelloGuastoSiDiceUnaVolta();
-    void archivioVecchio();
     void alberoDelMenu();
     void ogniVoceRisponde();
     void classificheDalMenu();
     void dataGiornaliera();
     void classificaDiGruppo();
     void uscita();
-    void secondaIstanza();
     void avvioRifiutato();
     void avvioEUscita();
     void informazioni();
@@ -97,29 +96,20 @@ private Q_SLOTS:
 
 void tst_frmMain::primoAvvio() {
     ProgrammaDiProva programma(Archivio::Nessuno);
+    programma.impostazioni.valori["IDMan/IDMan"] = "41";  // a key whose event is not there
     QFile avanzo(percorsoNelProgramma("temp.mdb"));
     QVERIFY(avanzo.open(QIODevice::WriteOnly));
-    avanzo.close();
     frmMain principale;
     principale.show();
     QVERIFY(QTest::qWaitForWindowActive(&principale));
     QCOMPARE(IDMan, 0);
+    QCOMPARE(programma.impostazioni.valori["IDMan/IDMan"], QString("0"));
     QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
     QVERIFY(!principale.findChild<QGroupBox*>("frmInfo")->isVisible());
     QVERIFY(!QFile::exists(avanzo.fileName()));
-    QCOMPARE(principale.windowTitle(), QString("Velmora"));
     QCOMPARE(testo(principale, "stVersione"), QString("Ver. ") + VELMORA_VERSIONE);
     QCOMPARE(testo(principale, "lblHelp"), QString("Per Ottenere un Aiuto in Ogni Finestra Premere F1"));
     QCOMPARE(contaRighe("Manifestazioni"), 0);
-}
-
-void tst_frmMain::chiaveStantia() {
-    ProgrammaDiProva programma(Archivio::Nessuno);
-    programma.impostazioni.valori["IDMan/IDMan"] = "41";
-    const frmMain principale;
-    QCOMPARE(IDMan, 0);
-    QCOMPARE(programma.impostazioni.valori["IDMan/IDMan"], QString("0"));
-    QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
 }
 
 void tst_frmMain::pannello() {
@@ -135,12 +125,14 @@ void tst_frmMain::pannello() {
     QVERIFY(QTest::qWaitForWindowActive(&principale));
     const auto* info = principale.findChild<QGroupBox*>("frmInfo");
     QVERIFY(info->isVisible());
-    QCOMPARE(info->title(), QString("Informazioni sulla Manifestazione Corrente"));
-    QCOMPARE(testo(principale, "lblMani"), QString("Coppa d'Autunno & Colli"));
-    QCOMPARE(testo(principale, "lblNom"), QString("Coppa d'Autunno & Colli"));
-    QCOMPARE(testo(principale, "lblLoc"), QString("Asti"));
-    QCOMPARE(testo(principale, "lblDat"), QString("13/06/2026 - 14/06/2026"));
-    QCOMPARE(testo(principale, "lblEquipaggi"), QString("Equipaggi Iscritti :   3   di cui ASI :   1"));
+    const std::pair<const char*, const char*> attesi[] = {
+        {"lblMani", "Coppa d'Autunno & Colli"},
+        {"lblNom", "Coppa d'Autunno & Colli"},
+        {"lblLoc", "Asti"},
+        {"lblDat", "13/06/2026 - 14/06/2026"},
+        {"lblEquipaggi", "Equipaggi Iscritti :   3   di cui ASI :   1"}};
+    for (const auto& [nome, atteso] : attesi)
+        QCOMPARE(testo(principale, nome), QString(atteso));
     QVERIFY(qAbs(info->width() - 0.7 * principale.width()) < 30);
     QVERIFY(qAbs(info->geometry().center().x() - principale.width() / 2) < 5);
 
@@ -155,129 +147,82 @@ void tst_frmMain::pannello() {
     scegli(principale, "mnuInformazioni");
     QCOMPARE(testo(principale, "lblEquipaggi"), QString("Equipaggi Iscritti :   5   di cui ASI :   3"));
 
+    // What fails is told once, not at every activation.
+    esegui("ALTER TABLE Equipaggi RENAME TO Altrove");
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    for (int volta = 0; volta < 2; ++volta)
+        QApplication::sendEvent(&principale, &riattivata);
+    QVERIFY(programma.dialoghi.finite());
+
     ImpostaManifestazioneAttiva(0);
     principale.attivazione();
     QVERIFY(!info->isVisible());
     QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
 }
 
-void tst_frmMain::pannelloGuastoSiDiceUnaVolta() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione();
-    ChiudiDataBase();
-    frmMain principale;
-    esegui("ALTER TABLE Equipaggi RENAME TO Altrove");
-    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
-    principale.show();
-    QVERIFY(QTest::qWaitForWindowActive(&principale));
-    QEvent ancora(QEvent::WindowActivate);
-    QApplication::sendEvent(&principale, &ancora);
-    QVERIFY(programma.dialoghi.finite());
-    QCOMPARE(programma.dialoghi.viste().size(), 1);
-}
-
-void tst_frmMain::archivioVecchio() {
-    ProgrammaDiProva programma(Archivio::Nessuno);
-    creaArchivio(percorsoArchivio(), 1);
-    const frmMain principale;
-    QCOMPARE(AggiornaArchivio(), QList<int>());
-    nuovaManifestazione({{"RagAuto", 1}, {"PenProNonSvo", 1}});
-}
-
 void tst_frmMain::alberoDelMenu() {
     ProgrammaDiProva programma(Archivio::Nessuno);
     const frmMain principale;
-    const QStringList tutti = percorsi(principale.menuBar()->actions());
-    const QStringList attesi{
-        "Manifestazioni > Crea Nuova = mnuNuovaManifestazione",
-        "Manifestazioni > Modifica Esistente = mnuModificaManifestazione",
-        "Manifestazioni > Elimina = mnuEliminaManifestazione",
-        "Manifestazioni > Cambia = mnuCambiaManifestazione",
-        "Iscrizioni > Tabella Iscrizioni = mnuTabellaIscrizioni",
-        "Iscrizioni > Modulo Iscrizioni = mnuModuloIscrizioni",
-        "Iscrizioni > Tabella Iscrizioni Rapida = mnuTabellaIscrizioniRapida",
-        "Iscrizioni > Modulo Iscrizioni Rapido = mnuModuloIscrizionirapido",
-        "Quote/Prezzi > Prezzi = mnuPrezzi",
-        "Quote/Prezzi > Quote = mnuQuote",
-        "Prove Svolte = mnuProveSvolte",
-        "Immissione Rilevamenti > Manuale = mnuImmManuale",
-        "Immissione Rilevamenti > Ricezione ON LINE da TAG = mnuRXONLINE",
-        "Immissione Rilevamenti > Ricezione OFF LINE da TAG = mnuRXOFFLINE",
-        "Immissione Rilevamenti > Gestione Penalità Aggiuntive = mnuPenalitaAggiuntive",
-        "Controlli Orari > Gestione Orari di Partenza = mnuOrariDiPartenza",
-        "Controlli Orari > Crea una Ripartenza = mnuCreaRipartenza",
-    };
-    QCOMPARE(tutti.first(attesi.size()), attesi);
     // The two trees of classifications are the same but for their names.
-    QStringList carta = tutti.filter(QRegularExpression("^Classifiche > "));
-    QStringList fogli = tutti.filter(QRegularExpression("^Classifiche Excel > "));
-    QCOMPARE(carta.size(), 12);
-    for (QString& voce : fogli)
-        voce.replace("Classifiche Excel", "Classifiche").chop(5);
-    QCOMPARE(fogli, carta);
-    QCOMPARE(carta.join('\n'), QString("Classifiche > Assoluta = mnuClasAssoluta\n"
-                                       "Classifiche > Veicoli ASI = mnuClasASI\n"
-                                       "Classifiche > Veicoli NON ASI = mnuClasNONASI\n"
-                                       "Classifiche > Di Raggruppamento = mnuClasRaggruppamento\n"
-                                       "Classifiche > Per Squadre = mnuClasSquadre\n"
-                                       "Classifiche > Di Prova = mnuClasProva\n"
-                                       "Classifiche > Di Giornata > Tutti i Veicoli = mnuClasGioTutti\n"
-                                       "Classifiche > Di Giornata > Di Raggruppamento = mnuClasGioGru\n"
-                                       "Classifiche > Di Giornata > Per Squadre = mnuClasGioSqu\n"
-                                       "Classifiche > Di Giornata > Veicoli ASI = mnuClasGioASI\n"
-                                       "Classifiche > Di Giornata > Veicoli NON ASI = mnuClasGioNoASI\n"
-                                       "Classifiche > Femminile = mnuClasFemminile"));
-    const QStringList coda{
-        "Verifiche > Tutti i Veicoli = mnuVerificheTutti",
-        "Verifiche > Solo Veicoli ASI = mnuVerificheASI",
-        "Verifiche > Solo Veicoli NON ASI = mnuVerificheNONASI",
-        "Stampe Varie > Lista di Partenza = mnuStampaListaDiPartenza",
-        "Stampe Varie > Lista di Partenza in Excel = mnuStampaListaDiPartenzaExcel",
-        "Stampe Varie > Lista di Partenza Con Orari = mnuStampaListaDiPartenzaConOrari",
-        "Stampe Varie > Lista di Partenza Con Orari in Excel = mnuStampaListaDiPartenzaConOrariinExcel",
-        "Stampe Varie > Schede Individuali = mnuSchede",
-        "Stampe Varie > Prospetto Tempi = mnuStampaProspettoTempi",
-        "Stampe Varie > Prospetto Tempi in Excel = mnuStampaProspettoTempiExcel",
-        "Stampe Varie > Prospetto Tempi Compresso = mnuStampaProspettoTempiCompresso",
-        "Stampe Varie > Prospetto Tempi Compresso in Excel = mnuStampaProspettoTempiCompressoExcel",
-        "Stampe Varie > Lista Penalità Aggiuntive = mnuStampaPenalitàAggiuntive",
-        "Stampe Varie > Lista Penalità Aggiuntive in Excel = mnuStampaPenalitàAggiuntiveExcel",
-        "Stampe Varie > Prospetto Penalità con Coefficienti = mnuStampaCoefficienti",
-        "Stampe Varie > Prospetto Penalità con Coefficienti in Excel = mnuStampaCoefficientiExcel",
-        "Esporta/Importa > Esportazione Dati = mnuEsporta",
-        "Esporta/Importa > Importazione Dati = mnuImporta",
-        "Esporta/Importa > Importazione Prove = mnuImportazioneProve",
-        "Esporta/Importa > Importazione Iscrizioni da Excel = mnuImportazioneIscrizionidaExcel",
-        "Utilità > Invia SMS Schede Individuali agli Equipaggi = mnuInviaSMS",
-        "Utilità > Riorganizzazione Archivi = mnuRiorganizzaArchivi",
-        "Utilità > Pubblicazione Manifestazione = mnuPubblicazioneManifestazione",
-        "Utilità > Aggiornamento sofwtare via Internet = mnuUpdateVLM",
-        "Info = mnuInformazioni",
-        "Esci = mnuEsci",
-    };
-    QCOMPARE(tutti.last(coda.size()), coda);
-    QCOMPARE(tutti.size(), attesi.size() + 24 + coda.size());
+    const QString classifiche(
+        ": | Assoluta = mnuClasAssoluta | Veicoli ASI = mnuClasASI | Veicoli NON ASI = mnuClasNONASI | "
+        "Di Raggruppamento = mnuClasRaggruppamento | Per Squadre = mnuClasSquadre | "
+        "Di Prova = mnuClasProva | Di Giornata: | Tutti i Veicoli = mnuClasGioTutti | "
+        "Di Raggruppamento = mnuClasGioGru | Per Squadre = mnuClasGioSqu | Veicoli ASI = mnuClasGioASI | "
+        "Veicoli NON ASI = mnuClasGioNoASI | / | Femminile = mnuClasFemminile | / | ");
+    const QString attesi =
+        "Manifestazioni: | Crea Nuova = mnuNuovaManifestazione | "
+        "Modifica Esistente = mnuModificaManifestazione | Elimina = mnuEliminaManifestazione | "
+        "Cambia = mnuCambiaManifestazione | / | "
+        "Iscrizioni: | Tabella Iscrizioni = mnuTabellaIscrizioni | Modulo Iscrizioni = mnuModuloIscrizioni | "
+        "Tabella Iscrizioni Rapida = mnuTabellaIscrizioniRapida | "
+        "Modulo Iscrizioni Rapido = mnuModuloIscrizionirapido | / | "
+        "Quote/Prezzi: | Prezzi = mnuPrezzi | Quote = mnuQuote | / | Prove Svolte = mnuProveSvolte | "
+        "Immissione Rilevamenti: | Manuale = mnuImmManuale | Ricezione ON LINE da TAG = mnuRXONLINE | "
+        "Ricezione OFF LINE da TAG = mnuRXOFFLINE | Gestione Penalità Aggiuntive = mnuPenalitaAggiuntive | / "
+        "| "
+        "Controlli Orari: | Gestione Orari di Partenza = mnuOrariDiPartenza | "
+        "Crea una Ripartenza = mnuCreaRipartenza | / | Classifiche" +
+        classifiche + "Classifiche Excel" +
+        QString(classifiche).replace(QRegularExpression("(= \\w+)"), "\\1Excel") +
+        "Verifiche: | Tutti i Veicoli = mnuVerificheTutti | Solo Veicoli ASI = mnuVerificheASI | "
+        "Solo Veicoli NON ASI = mnuVerificheNONASI | / | "
+        "Stampe Varie: | Lista di Partenza = mnuStampaListaDiPartenza | "
+        "Lista di Partenza in Excel = mnuStampaListaDiPartenzaExcel | "
+        "Lista di Partenza Con Orari = mnuStampaListaDiPartenzaConOrari | "
+        "Lista di Partenza Con Orari in Excel = mnuStampaListaDiPartenzaConOrariinExcel | "
+        "Schede Individuali = mnuSchede | Prospetto Tempi = mnuStampaProspettoTempi | "
+        "Prospetto Tempi in Excel = mnuStampaProspettoTempiExcel | "
+        "Prospetto Tempi Compresso = mnuStampaProspettoTempiCompresso | "
+        "Prospetto Tempi Compresso in Excel = mnuStampaProspettoTempiCompressoExcel | "
+        "Lista Penalità Aggiuntive = mnuStampaPenalitàAggiuntive | "
+        "Lista Penalità Aggiuntive in Excel = mnuStampaPenalitàAggiuntiveExcel | "
+        "Prospetto Penalità con Coefficienti = mnuStampaCoefficienti | "
+        "Prospetto Penalità con Coefficienti in Excel = mnuStampaCoefficientiExcel | / | "
+        "Esporta/Importa: | Esportazione Dati = mnuEsporta | Importazione Dati = mnuImporta | "
+        "Importazione Prove = mnuImportazioneProve | "
+        "Importazione Iscrizioni da Excel = mnuImportazioneIscrizionidaExcel | / | "
+        "Utilità: | Invia SMS Schede Individuali agli Equipaggi = mnuInviaSMS | "
+        "Riorganizzazione Archivi = mnuRiorganizzaArchivi | "
+        "Pubblicazione Manifestazione = mnuPubblicazioneManifestazione | "
+        "Aggiornamento sofwtare via Internet = mnuUpdateVLM | / | Info = mnuInformazioni | Esci = mnuEsci";
+    QCOMPARE(albero(principale.menuBar()->actions()), attesi.split(" | "));
 }
 
 void tst_frmMain::ogniVoceRisponde() {
-    // Each entry has something behind it or says that it has not; with no event most show their guard first.
+    // Each entry has something behind it or says that it has not, after its guard.
     ProgrammaDiProva programma(Archivio::Nessuno);
     frmMain principale;
     for (const VoceMenu& voce : vociMenu()) {
-        if (!voce.nome)
-            continue;
-        const QString nome = QString::fromUtf16(voce.nome);
-        QVERIFY2(bool(azioneMenu(nome)) != nonAncoraDisponibile(nome), qPrintable(nome));
-        if (!nonAncoraDisponibile(nome))
-            continue;
-        if (voce.controllo == Controllo::Nessuno)
-            programma.dialoghi.attendiMessaggio("Velmora", "Funzione non ancora disponibile",
-                                                Icona::Informazione);
-        else
-            programma.dialoghi.attendiMessaggio(QString(), "Nessuna Manifestazione Attiva");
-        scegli(principale, nome);
-        QVERIFY(programma.dialoghi.finite());
+        const QString nome = voce.nome ? QString::fromUtf16(voce.nome) : QString();
+        QVERIFY2(!voce.nome || bool(azioneMenu(nome)) != nonAncoraDisponibile(nome), qPrintable(nome));
     }
+    programma.dialoghi.attendiMessaggio("Impossibile Accedere Alla Stampa Schede",
+                                        "Nessuna Manifestazione Attiva");
+    scegli(principale, "mnuSchede");
+    programma.dialoghi.attendiMessaggio("Velmora", "Funzione non ancora disponibile", Icona::Informazione);
+    scegli(principale, "mnuInviaSMS");
+    QVERIFY(programma.dialoghi.finite());
 }
 
 void tst_frmMain::classificheDalMenu() {
@@ -290,33 +235,31 @@ void tst_frmMain::classificheDalMenu() {
     scriviRilevamento(equ, prima, "10:00:00:00", "10:01:00:10");
     ChiudiDataBase();
     frmMain principale;
-    for (const char* voce : {"mnuClasAssoluta", "mnuClasASI", "mnuClasNONASI", "mnuClasFemminile"}) {
-        scegli(principale, voce);
-        QCOMPARE(QApplication::overrideCursor(), nullptr);
-    }
-    QCOMPARE(anteprima.titoli, (QStringList{"CLASSIFICA ASSOLUTA", "CLASSIFICA ASI", "CLASSIFICA NON ASI",
-                                            "CLASSIFICA ASSOLUTA FEMMINILE"}));
-    anteprima.titoli.clear();
-    const QString chiede("Inserire la Data nel Formato gg/mm/aaaa");
-    for (const char* voce : {"mnuClasGioTutti", "mnuClasGioASI", "mnuClasGioNoASI"}) {
-        programma.dialoghi.attendiChiedi("Data Classifica Giornaliera", chiede, "13/06/2026");
+    const std::pair<const char*, const char*> casi[] = {
+        {"mnuClasAssoluta", "CLASSIFICA ASSOLUTA"},
+        {"mnuClasASI", "CLASSIFICA ASI"},
+        {"mnuClasNONASI", "CLASSIFICA NON ASI"},
+        {"mnuClasFemminile", "CLASSIFICA ASSOLUTA FEMMINILE"},
+        {"mnuClasGioTutti", "CLASSIFICA ASSOLUTA DEL 13/06/2026"},
+        {"mnuClasGioASI", "CLASSIFICA ASI DEL 13/06/2026"},
+        {"mnuClasGioNoASI", "CLASSIFICA NON ASI DEL 13/06/2026"},
+        {"mnuStampaListaDiPartenza", "LISTA DI PARTENZA"},
+        {"mnuStampaListaDiPartenzaConOrari", "LISTA e ORARI DI PARTENZA"},
+        {"mnuStampaPenalitàAggiuntive", "Penalità Aggiuntive"}};
+    for (const auto& [voce, titolo] : casi) {
+        if (QString(voce).contains("Gio"))
+            programma.dialoghi.attendiChiedi("Data Classifica Giornaliera",
+                                             "Inserire la Data nel Formato gg/mm/aaaa", "13/06/2026");
         scegli(principale, voce);
         QVERIFY(programma.dialoghi.finite());
+        QCOMPARE(titoli(anteprima), QStringList{titolo});
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
-    QCOMPARE(anteprima.titoli,
-             (QStringList{"CLASSIFICA ASSOLUTA DEL 13/06/2026", "CLASSIFICA ASI DEL 13/06/2026",
-                          "CLASSIFICA NON ASI DEL 13/06/2026"}));
-    anteprima.titoli.clear();
-    for (const char* voce :
-         {"mnuStampaListaDiPartenza", "mnuStampaListaDiPartenzaConOrari", "mnuStampaPenalitàAggiuntive"})
-        scegli(principale, voce);
-    QCOMPARE(anteprima.titoli.size(), 3);
-    QCOMPARE(anteprima.titoli.last(), QString("Penalità Aggiuntive"));
 }
 
 void tst_frmMain::dataGiornaliera() {
     ProgrammaDiProva programma;
-    const AnteprimaDiProva anteprima;
+    AnteprimaDiProva anteprima;
     ChiudiDataBase();
     frmMain principale;
     const QString titolo("Data Classifica Giornaliera");
@@ -324,16 +267,14 @@ void tst_frmMain::dataGiornaliera() {
         programma.dialoghi.attendiMessaggio("Impossibile Generare la Classsifica",
                                             "Nessuna Manifestazione Attiva");
         scegli(principale, voce);
-        QVERIFY(programma.dialoghi.finite());
     }
     nuovaManifestazione({{"DaDat", "01/05/2026"}});
-    programma.dialoghi.attendiChiedi(titolo, QString(), "31/02/2026");
-    programma.dialoghi.attendiMessaggio("Attenzione", "Data NON Valida");
-    programma.dialoghi.attendiChiedi(titolo, QString(), "boh");
-    programma.dialoghi.attendiMessaggio("Attenzione", "Data NON Valida");
+    for (const char* data : {"31/02/2026", "boh"}) {
+        programma.dialoghi.attendiChiedi(titolo, QString(), data);
+        programma.dialoghi.attendiMessaggio("Attenzione", "Data NON Valida");
+    }
     programma.dialoghi.attendiChiedi(titolo, QString(), QString());
     scegli(principale, "mnuClasGioTutti");
-    QVERIFY(programma.dialoghi.finite());
     programma.dialoghi.attendiChiedi(titolo, QString(), std::nullopt);
     scegli(principale, "mnuClasGioASI");
     QVERIFY(programma.dialoghi.finite());
@@ -341,7 +282,7 @@ void tst_frmMain::dataGiornaliera() {
         if (vista.tipo == DialoghiDiProva::Tipo::Chiedi)
             QCOMPARE(vista.risposta, QString("01/05/2026"));  // what was proposed
     }
-    QVERIFY(anteprima.titoli.isEmpty());
+    QCOMPARE(titoli(anteprima), QStringList());
 }
 
 void tst_frmMain::classificaDiGruppo() {
@@ -357,35 +298,34 @@ void tst_frmMain::classificaDiGruppo() {
     frmMain principale;
     const auto usa = [&](QWidget* finestra) {
         auto* lista = finestra->findChild<QTreeWidget*>("lstRag");
-        QCOMPARE(lista->topLevelItemCount(), 2);
         QCOMPARE(lista->topLevelItem(1)->text(0), QString("Classic"));
         QCOMPARE(lista->topLevelItem(1)->text(1), QString("1,25"));
-        auto* stampa = finestra->findChild<QPushButton*>("cmdStampa");
-        QTest::mouseClick(stampa, Qt::LeftButton);  // no group chosen yet
-        QVERIFY(anteprima.titoli.isEmpty());
+        premi(*finestra, "cmdStampa");  // no group chosen yet
+        QCOMPARE(titoli(anteprima), QStringList());
         lista->setCurrentItem(lista->topLevelItem(1));
-        QTest::mouseClick(stampa, Qt::LeftButton);
+        premi(*finestra, "cmdStampa");
         lista->setFocus();
         QTest::keyClick(lista, Qt::Key_Return);
-        QTest::mouseClick(finestra->findChild<QPushButton*>("cmdEsci"), Qt::LeftButton);
+        premi(*finestra, "cmdEsci");
     };
     quandoSiApre("frmClassificaDiGruppo", usa);
     scegli(principale, "mnuClasRaggruppamento");
-    QCOMPARE(anteprima.titoli, QStringList(2, "CLASSIFICA RAGGRUPPAMENTO : CLASSIC"));
-    anteprima.titoli.clear();
+    QCOMPARE(titoli(anteprima), QStringList(2, "CLASSIFICA RAGGRUPPAMENTO : CLASSIC"));
     quandoSiApre("frmClassificaDiGruppo", usa);
     programma.dialoghi.attendiChiedi("Data Classifica Giornaliera", QString(), "13/06/2026");
     scegli(principale, "mnuClasGioGru");
-    QCOMPARE(anteprima.titoli, QStringList(2, "CLASSIFICA RAGGR. : CLASSIC DEL 13/06/2026"));
+    QCOMPARE(titoli(anteprima), QStringList(2, "CLASSIFICA RAGGR. : CLASSIC DEL 13/06/2026"));
     QVERIFY(programma.dialoghi.finite());
 }
 
 void tst_frmMain::uscita() {
     ProgrammaDiProva programma(Archivio::Nessuno);
+    creaArchivio(percorsoArchivio(), 1);
     {
         frmMain principale;
+        QCOMPARE(AggiornaArchivio(), QList<int>());  // brought up to date at the start
         principale.show();
-        nuovaManifestazione();
+        nuovaManifestazione({{"RagAuto", 1}, {"PenProNonSvo", 1}});
         scegli(principale, "mnuEsci");
         QVERIFY(!principale.isVisible());
         QVERIFY(!Conn().isOpen());
@@ -410,49 +350,36 @@ void tst_frmMain::uscita() {
     QCOMPARE(difettoArchivio(percorsoArchivio()), QString());
 }
 
-void tst_frmMain::secondaIstanza() {
-    ProgrammaDiProva programma(Archivio::Nessuno);
-    IstanzaUnica prima(PercorsoApp);
-    QVERIFY(prima.acquisisci());
-    programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", "VLM è Già In Esecuzione.");
-    QVERIFY(avvia() != 0);
-    QVERIFY(programma.dialoghi.finite());
-    QVERIFY(!QFile::exists(percorsoArchivio()));
-}
-
 void tst_frmMain::avvioRifiutato() {
     ProgrammaDiProva programma(Archivio::Nessuno);
+    {
+        IstanzaUnica prima(PercorsoApp);
+        QVERIFY(prima.acquisisci());
+        programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", "VLM è Già In Esecuzione.");
+        QVERIFY(avvia() != 0);
+        QVERIFY(!QFile::exists(percorsoArchivio()));
+    }
     QFile altro(percorsoArchivio());
-    QVERIFY(altro.open(QIODevice::WriteOnly));
-    altro.write("Qualcosa d'altro");
-    altro.close();
+    QVERIFY(altro.open(QIODevice::ReadWrite) && altro.write("Qualcosa d'altro") && altro.flush());
     programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", QString(), Icona::Stop);
-    quandoSiApre("frmSplash", [](QWidget* splash) {
-        QTest::mouseClick(splash->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-    });
+    quandoSiApre("frmSplash", [](QWidget* splash) { premi(*splash, "cmdOK"); });
     QVERIFY(avvia() != 0);
     QVERIFY(programma.dialoghi.finite());
-    QVERIFY(altro.open(QIODevice::ReadOnly));
+    QVERIFY(altro.seek(0));
     QCOMPARE(altro.readAll(), QByteArray("Qualcosa d'altro"));
     QVERIFY(!QFile::exists(percorsoNelProgramma("Backup")));
 }
 
 void tst_frmMain::avvioEUscita() {
     ProgrammaDiProva programma(Archivio::Nessuno);
-    quandoSiApre("frmSplash", [](QWidget* splash) {
-        QCOMPARE(testo(*splash, "lblVersione"), QString("Versione ") + VELMORA_VERSIONE);
-        QTest::mouseClick(splash->findChild<QPushButton*>("cmdEsci"), Qt::LeftButton);
-    });
+    quandoSiApre("frmSplash", [](QWidget* splash) { premi(*splash, "cmdEsci"); });
     QCOMPARE(avvia(), 0);
     QVERIFY(!QFile::exists(percorsoArchivio()));
 
     quandoSiApre("frmSplash", [](QWidget* splash) {
         QTimer::singleShot(0, qApp, [] {
-            const QWidgetList finestre = QApplication::topLevelWidgets();
-            for (QWidget* finestra : finestre) {
-                if (finestra->objectName() == "frmMain")
-                    finestra->close();
-            }
+            for (QWidget* finestra : QApplication::topLevelWidgets())
+                finestra->objectName() == "frmMain" && finestra->close();
         });
         QTest::keyClick(splash, Qt::Key_Return);
     });
@@ -464,27 +391,15 @@ void tst_frmMain::informazioni() {
     ProgrammaDiProva programma;
     frmInformazioni finestra;
     finestra.show();
-    QCOMPARE(finestra.windowTitle(), QString("Informazioni su Velmora"));
-    QCOMPARE(testo(finestra, "lblVersione"), QString("Versione ") + VELMORA_VERSIONE);
-    QCOMPARE(testo(finestra, "lblDescrizione"),
-             QString("Gestione di Manifestazioni di Auto d'Epoca con Prove di Abilità"));
     const QByteArray percorso = qgetenv("PATH");
-    qputenv("PATH", PercorsoApp.toLocal8Bit());
+    qputenv("PATH", PercorsoApp.toLocal8Bit());  // where no tool of the system is found
     programma.dialoghi.attendiMessaggio("Informazioni su Velmora",
                                         "Le informazioni sul sistema non sono attualmente disponibili.",
                                         Icona::Nessuna);
-    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
-    QVERIFY(programma.dialoghi.finite());
-    // With one of the tools installed it is started instead.
-    QFile strumento(percorsoNelProgramma("hardinfo"));
-    QVERIFY(strumento.open(QIODevice::WriteOnly));
-    strumento.write("#!/bin/sh\n: > " + PercorsoApp.toLocal8Bit() + "/partito\n");
-    strumento.close();
-    QVERIFY(strumento.setPermissions(strumento.permissions() | QFile::ExeOwner | QFile::ExeUser));
-    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
-    QTRY_VERIFY(QFile::exists(percorsoNelProgramma("partito")));
+    premi(finestra, "cmdSysInfo");
     qputenv("PATH", percorso);
-    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    QVERIFY(programma.dialoghi.finite());
+    premi(finestra, "cmdOK");
     QVERIFY(!finestra.isVisible());
 }
 
