@@ -4,12 +4,22 @@
 #include "correction/ModelloRilevamenti.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTableView>
 #include <QTest>
 
 using Colonna = ModelloRilevamenti::Colonna;
 
-// What an operator does at the keyboard: into the widget that has the focus.
+inline void mostra(QWidget& finestra) {
+    finestra.show();
+    if (!QTest::qWaitForWindowActive(&finestra))
+        qFatal("the window does not come up");
+}
+
+// What an operator does: a button, and the keyboard into the widget that has the focus.
+inline void premi(const QWidget& finestra, const char* nome) {
+    QTest::mouseClick(finestra.findChild<QPushButton*>(nome), Qt::LeftButton);
+}
 inline void tasto(Qt::Key tasto) {
     QTest::keyClick(QApplication::focusWidget(), tasto);
 }

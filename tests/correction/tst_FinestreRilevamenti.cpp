@@ -7,19 +7,12 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTreeWidget>
 
 namespace {
 
 const QStringList Giusti{"09:00:00:00>09:30:00:00", "09:30:00:00>09:31:00:10", "09:31:00:10>09:32:00:20",
                          "10:00:00:00>10:10:00:00", "09:30:00:00>10:30:00:00"};
-
-void mostra(QWidget& finestra) {
-    finestra.show();
-    if (!QTest::qWaitForWindowActive(&finestra))
-        qFatal("the window does not come up");
-}
 
 // The window for readings by hand and what a test does with its controls.
 class Banco final {
@@ -43,9 +36,7 @@ public:
         const QModelIndex corrente = grT()->currentIndex();
         return QString("%1 %2").arg(corrente.row()).arg(corrente.column());
     }
-    void premiRicerca() {
-        QTest::mouseClick(finestra.findChild<QPushButton*>("cmdTempiMancanti"), Qt::LeftButton);
-    }
+    void premiRicerca() { premi(finestra, "cmdTempiMancanti"); }
     QTreeWidgetItem* nodo(std::initializer_list<int> strada) {
         QTreeWidgetItem* item = albero()->invisibleRootItem();
         for (const int passo : strada)
@@ -74,7 +65,6 @@ class tst_FinestreRilevamenti final : public QObject {
 private Q_SLOTS:
     void init();
     void cleanup();
-
     void digitazione();
     void invioPassaAvanti();
     void tastiDegliEquipaggi();
@@ -101,10 +91,8 @@ void tst_FinestreRilevamenti::init() {
     nuovaManifestazione({{"ASIeNONASI", 1},
                          {"PrePANoASI", "SEC"},
                          {"PrePMNoASI", "SEC"},
-                         {"PreCONoASI", "MIN"},
                          {"PenUniPANoASI", 100},
-                         {"PenUniPMNoASI", 2},
-                         {"PenUniCONoASI", 60}});
+                         {"PenUniPMNoASI", 2}});
     m_prove = {nuovaProva({{"Nom", "CO Asti"}, {"Tip", "CO"}, {"Tem", "00:30:00"}})};
     m_prove << nuovaProva({{"Nom", "PA 1"}, {"ConA", m_prove[0]}});
     m_prove << nuovaProva({{"Nom", "PA 2"}, {"ConA", m_prove[1]}});
@@ -384,7 +372,7 @@ void tst_FinestreRilevamenti::penalitaStampate() {
     frmPenalitaAggiuntive finestra;
     mostra(finestra);
     digita("50");  // stored by the print, which shows it
-    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdStampa"), Qt::LeftButton);
+    premi(finestra, "cmdStampa");
     QCOMPARE(anteprima.mostrati.size(), 1);
     QCOMPARE(anteprima.mostrati.first().titoloFinestra, QString("Penalità Aggiuntive"));
     QCOMPARE(anteprima.mostrati.first().righe(),

@@ -6,14 +6,9 @@
 #include "supporto/ProvaFinestre.h"
 
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTreeWidget>
 
 namespace {
-
-void premi(QWidget& finestra, const char* nome) {
-    QTest::mouseClick(finestra.findChild<QPushButton*>(nome), Qt::LeftButton);
-}
 
 void genera(QWidget& finestra, const QStringList& campi) {
     const char* nomi[] = {"txtTem", "txtIntervalloPartenze", "txtPrimoNumero"};
@@ -32,11 +27,6 @@ QStringList orari(QWidget& finestra) {
     for (const OrarioPartenza& orario : finestra.findChild<ElencoOrari*>("lstOrari")->orari())
         righe << QString::number(orario.num) + ' ' + orario.ora;
     return righe;
-}
-
-bool apri(QWidget& finestra) {
-    finestra.show();
-    return QTest::qWaitForWindowActive(&finestra);
 }
 
 }  // namespace
@@ -112,7 +102,7 @@ void tst_OrariDiPartenza::generazione() {
     QFETCH(QString, rifiuto);
     QFETCH(QString, fuoco);
     frmGestioneOrariDiPartenza finestra;
-    QVERIFY(apri(finestra));
+    mostra(finestra);
     genera(finestra, {"080000", "30", "40"});
     if (!rifiuto.isEmpty())
         m_programma->dialoghi.attendiMessaggio("Impossibile Generare gli Orari", rifiuto);
@@ -129,7 +119,7 @@ void tst_OrariDiPartenza::generazione() {
 // Its field is not left.
 void tst_OrariDiPartenza::oraNonValida() {
     frmGestioneOrariDiPartenza finestra;
-    QVERIFY(apri(finestra));
+    mostra(finestra);
     genera(finestra, {"257000"});
     QTRY_COMPARE(QApplication::focusWidget()->objectName(), QString("txtTem"));
     genera(finestra, {"257000", "60"});
@@ -139,7 +129,7 @@ void tst_OrariDiPartenza::oraNonValida() {
 void tst_OrariDiPartenza::salvataggioSoloCOLiberi() {
     scriviRilevamento(m_equipaggi[0], m_prove[0], "07:00:00:00", "09:00:00:00");
     frmGestioneOrariDiPartenza finestra;
-    QVERIFY(apri(finestra));
+    mostra(finestra);
     m_programma->dialoghi.attendiMessaggio("Impossibile Salvare", "Orari di Partenza NON Ancora Generati");
     premi(finestra, "cmdSalva");
     genera(finestra, {"100000", "60", "12"});
@@ -155,7 +145,7 @@ void tst_OrariDiPartenza::salvataggioSoloCOLiberi() {
 
 void tst_OrariDiPartenza::ripartenza() {
     frmRipartenza finestra;
-    QVERIFY(apri(finestra));
+    mostra(finestra);
     m_programma->dialoghi.attendiMessaggio("Impossibile Generare gli Orari",
                                            "Selezionare il Primo CO Influenzato dalla Ripartenza");
     genera(finestra, {"100000", "60"});
@@ -173,7 +163,7 @@ void tst_OrariDiPartenza::ripartenza() {
 
 void tst_OrariDiPartenza::scritturaFallitaEChiusura() {
     frmGestioneOrariDiPartenza finestra;
-    QVERIFY(apri(finestra));
+    mostra(finestra);
     genera(finestra, {"100000", "60"});
     esegui("CREATE TRIGGER rifiuta BEFORE UPDATE ON Rilevamenti WHEN new.IDEqu_FK=" +
            QString::number(m_equipaggi[2]) + " BEGIN SELECT RAISE(ABORT,'disco pieno'); END");

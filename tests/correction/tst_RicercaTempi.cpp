@@ -6,7 +6,7 @@
 
 namespace {
 
-// The result as lines: crew, "  " test, "    " finding.
+// The result as lines: each crew, then its tests with what was found.
 QStringList righe(const RisultatoRicerca& risultato) {
     QStringList testi;
     for (const EquipaggioTrovato& equipaggio : risultato.equipaggi) {
@@ -28,7 +28,7 @@ class tst_RicercaTempi final : public QObject {
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { m_programma.reset(); }
 
     void esito_data();
     void esito();
@@ -54,17 +54,11 @@ void tst_RicercaTempi::init() {
         m_prove << nuovaProva({{"Nom", nome}});
 }
 
-void tst_RicercaTempi::cleanup() {
-    m_programma.reset();
-}
-
 int tst_RicercaTempi::equipaggio(int num, const QList<int>& scarti) {
     const int idEqu = nuovoEquipaggio(num);
     for (int i = 0; i < scarti.size(); ++i) {
-        scriviRilevamento(idEqu, m_prove[i], "10:00:00:00",
-                          QString("10:01:%1:%2")
-                              .arg(scarti[i] / 100, 2, 10, QChar('0'))
-                              .arg(scarti[i] % 100, 2, 10, QChar('0')));
+        const QTime arrivo = QTime(10, 1).addMSecs(scarti[i] * 10);
+        scriviRilevamento(idEqu, m_prove[i], "10:00:00:00", arrivo.toString("hh:mm:ss:zzz").chopped(1));
     }
     return idEqu;
 }
