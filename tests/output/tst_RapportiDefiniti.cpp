@@ -100,7 +100,6 @@ void tst_RapportiDefiniti::squadre() {
     equipaggio(777, 3, 1, 4, 1);  // its team is gone
     const Rapporto r = componi("ClassificaSquadre", "Classifica per Squadre", "Esclusi : N. 9 Ritirato");
     QCOMPARE(r.titoloFinestra, QStringLiteral("Classifica Assoluta Per Squadre"));
-    QCOMPARE(r.etichetta("lblTipoClas"), QStringLiteral("Classifica per Squadre"));
     QCOMPARE(r.etichetta("lblEsc"), QStringLiteral("Esclusi : N. 9 Ritirato"));
     QCOMPARE(r.gruppi.size(), 2);
     QCOMPARE(r.gruppi.at(0).celle, QStringList({"1", "22,25", "Grifone"}));
@@ -126,7 +125,6 @@ void tst_RapportiDefiniti::penalitaAggiuntive() {
     const int tre = inserisciRiga("Rilevamenti", {{"IDEqu_FK", due}, {"IDPro_FK", prima}, {"PenAgg", 0}});
     esegui("UPDATE Rilevamenti SET DesPenAgg='Ammonizione' WHERE IDRil=?", {tre});
     const Rapporto r = componi("PenalitàAggiuntive", "Penalità Aggiuntive", "non qui");
-    QCOMPARE(r.etichetta("lblTipoClas"), QStringLiteral("Penalità Aggiuntive"));
     QCOMPARE(r.etichetta("lblEsc"), QString());
     // Two tests of one name are two penalties.
     QCOMPARE(r.celle("PenAgg"), QStringList({"100", "0", "100", "100", "-5,5"}));
@@ -139,7 +137,6 @@ void tst_RapportiDefiniti::coefficienti() {
     riga("ProspCoeff", "Num,Equ,Vei,PenNette,Coeff,PenAgg,PenTot",
          {1, "NERI BIANCHI", "FIAT 508", 10.5, 1.33, 0.0, 13.965});
     const Rapporto r = componi("ProspettoPenCoeff", "Prospetto Penalità e Coefficienti");
-    QCOMPARE(r.etichetta("lblTipoClas"), QStringLiteral("Prospetto Penalità e Coefficienti"));
     QCOMPARE(r.righe(), Righe({{"1", "NERI BIANCHI", "FIAT 508", "10,5", "1,33", "0", "13,965"},
                                {"5", "ROSSI", "", "10", "-18", "", "-180"}}));
 }
