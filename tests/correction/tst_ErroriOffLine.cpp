@@ -1,7 +1,7 @@
 #include "archive/ErroreArchivio.h"
+#include "BancoRilevamenti.h"
 #include "correction/frmCorrezioneOffLine.h"
 #include "correction/frmErroriTempiOffLine.h"
-#include "correction/GrigliaRilevamenti.h"
 #include "correction/IscrizioneOffLine.h"
 #include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
@@ -10,7 +10,6 @@
 
 #include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -20,9 +19,8 @@ class tst_ErroriOffLine final : public QObject {
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { m_programma.reset(); }
     void ricerca();
-    void senzaErrori();
     void elenco();
     void iscrizione();
     void numeroPreso();
@@ -32,7 +30,20 @@ private:
     DialoghiDiProva& dialoghi() { return m_programma->dialoghi; }
     // Runs `dentro` in the modal window that `apri` opens, and closes it.
     template <typename Finestra>
-    void inModale(const std::function<void()>& apri, const std::function<void(Finestra&)>& dentro);
+    void inModale(const std::function<void()>& apri, const std::function<void(Finestra&)>& dentro) {
+        bool aperta = false;
+        QTimer::singleShot(0, this, [&] {
+            auto* finestra = qobject_cast<Finestra*>(QApplication::activeModalWidget());
+            aperta = finestra != nullptr;
+            if (!finestra)
+                return;
+            dentro(*finestra);
+            finestra->close();
+        });
+        apri();
+        QVERIFY(aperta);
+        QVERIFY(dialoghi().finite());
+    }
     void attendiChiusura(bool si) {
         dialoghi().attendiDomanda("Conferma Chiusura",
                                   "Ci Sono Ancora Probabili Errori Nei Tempi Scaricati.\n"
@@ -50,19 +61,12 @@ QByteArray riga(const QByteArray& numero, const QByteArray& tempo) {
     return "T      " + numero.rightJustified(4) + "    " + tempo + "    \r";
 }
 
-QString rilevamento(int idEqu, int idPro) {
-    return leggiValore("SELECT TPar||'|'||TArr FROM Rilevamenti WHERE IDEqu_FK=? AND IDPro_FK=?",
-                       {idEqu, idPro})
-        ->toString();
-}
-
 QStringList righe(QTableWidget& griglia) {
     QStringList testi;
     for (int i = 0; i < griglia.rowCount(); ++i) {
-        QStringList celle;
-        for (int j = 0; j < griglia.columnCount(); ++j)
-            celle << griglia.item(i, j)->text();
-        testi << celle.join(u'/');
+        testi << griglia.item(i, 0)->text();
+        for (int j = 1; j < griglia.columnCount(); ++j)
+            testi.last() += '/' + griglia.item(i, j)->text();
     }
     return testi;
 }
@@ -78,12 +82,7 @@ QStringList voci(const QListWidget& lista) {
 
 void tst_ErroriOffLine::init() {
     m_programma = std::make_unique<ProgrammaDiProva>();
-    nuovaManifestazione({{"PrePA", "DEC"},
-                         {"PreCO", "SEC"},
-                         {"ASIeNONASI", 1},
-                         {"PrePANoASI", "SEC"},
-                         {"PrePMNoASI", "SEC"},
-                         {"PreCONoASI", "SEC"}});
+    nuovaManifestazione({{"PrePA", "DEC"}, {"ASIeNONASI", 1}, {"PrePANoASI", "SEC"}});
     m_pa1 = nuovaProva({{"Nom", "Salita"}});
     m_co = nuovaProva({{"Tip", "CO"}, {"Nom", "Controllo"}});
     m_pa2 = nuovaProva({{"Nom", "Discesa"}, {"ConA", m_pa1}});
@@ -91,34 +90,20 @@ void tst_ErroriOffLine::init() {
     m_due = nuovoEquipaggio(2);
 }
 
-void tst_ErroriOffLine::cleanup() {
-    m_programma.reset();
-}
-
-template <typename Finestra>
-void tst_ErroriOffLine::inModale(const std::function<void()>& apri,
-                                 const std::function<void(Finestra&)>& dentro) {
-    bool aperta = false;
-    QTimer::singleShot(0, this, [&] {
-        auto* finestra = qobject_cast<Finestra*>(QApplication::activeModalWidget());
-        aperta = finestra != nullptr;
-        if (!finestra)
-            return;
-        dentro(*finestra);
-        finestra->close();
-    });
-    apri();
-    QVERIFY(aperta);
-    QVERIFY(dialoghi().finite());
-}
-
-// Too many and too few times, a crew that is not entered, times without a number.
+// Nothing suspect asks nothing; then too many and too few times, a crew that is not entered, times without
+// a number.
 void tst_ErroriOffLine::ricerca() {
     frmRicezioneOFFLINE ricezione;
-    ricezione.show();
     auto* pressostati = ricezione.findChild<ElencoPressostati*>("lstPre");
-    for (const int i : {0, 1})
-        pressostati->topLevelItem(i)->setCheckState(0, Qt::Checked);
+    pressostati->topLevelItem(0)->setCheckState(0, Qt::Checked);
+    dialoghi().attendiMessaggio(
+        "Ricezione OK", "Ricezione Terminata\nRicevuti 2 Rilevamenti Validi\nSu 2 Tempi Previsti da Ricevere",
+        Icona::Informazione);
+    ricezione.elaboraConRicercaErrori(riga("1", "10:00:00.15") + riga("2", "10:01:00.15"));
+    QVERIFY(dialoghi().finite());
+    QCOMPARE(contaRighe("TempRil"), 2);
+    ricezione.show();
+    pressostati->topLevelItem(1)->setCheckState(0, Qt::Checked);
     const QByteArray flusso = riga("1", "10:00:00.15") + riga("", "10:00:30.00") + riga("9", "10:01:00.25") +
                               riga("1", "10:01:02.35") + riga("1", "10:02:00.00") + riga("1", "10:02:30.00") +
                               riga("9", "10:03:02.99") + riga("9", "10:04:00.00");
@@ -134,9 +119,7 @@ void tst_ErroriOffLine::ricerca() {
         [&] { ricezione.elaboraConRicercaErrori(flusso); },
         [&](frmErroriTempiOffLine& errori) {
             QVERIFY(dialoghi().finite());
-            QCOMPARE(errori.windowTitle(), "Probabili Errori di Ricezione OFF LINE");
-            const QString uno = QString::number(m_uno);
-            const QString due = QString::number(m_due);
+            const QString uno = QString::number(m_uno), due = QString::number(m_due);
             QCOMPARE(
                 righe(*errori.findChild<QTableWidget*>("gridErrori")),
                 QStringList({"0/9//10:04:00:00/Equipaggio NON Iscritto, Troppi Tempi/[Correggi--->]",
@@ -151,33 +134,13 @@ void tst_ErroriOffLine::ricerca() {
     QCOMPARE(contaRighe("Rilevamenti", "TPar<>'' OR TArr<>''"), 0);
 }
 
-void tst_ErroriOffLine::senzaErrori() {
-    frmRicezioneOFFLINE ricezione;
-    ricezione.findChild<ElencoPressostati*>("lstPre")->topLevelItem(0)->setCheckState(0, Qt::Checked);
-    dialoghi().attendiMessaggio(
-        "Ricezione OK", "Ricezione Terminata\nRicevuti 2 Rilevamenti Validi\nSu 2 Tempi Previsti da Ricevere",
-        Icona::Informazione);
-    ricezione.elaboraConRicercaErrori(riga("1", "10:00:00.15") + riga("2", "10:01:00.15"));
-    QVERIFY(dialoghi().finite());
-    QCOMPARE(contaRighe("TempRil"), 2);
-}
-
 void tst_ErroriOffLine::elenco() {
-    {
-        // Nothing suspect: nothing to ask on closing.
-        frmErroriTempiOffLine vuota;
-        vuota.show();
-        vuota.close();
-        QVERIFY(!vuota.isVisible());
-    }
+    QVERIFY(frmErroriTempiOffLine().close());  // nothing suspect: nothing to ask on closing
     esegui("INSERT INTO ErroriSca (IDEqu_FK,Num,Equ,ErrPocTem) VALUES (?,2,'ROSSI BIANCHI',1)", {m_due});
     frmErroriTempiOffLine errori;
     errori.show();
     attendiChiusura(false);
-    QTest::mouseClick(errori.findChild<QPushButton*>("cmdChiudi"), Qt::LeftButton);
-    QVERIFY(errori.isVisible());
-    attendiChiusura(false);
-    QTest::keyClick(&errori, Qt::Key_Escape);
+    premi(errori, "cmdChiudi");
     QVERIFY(errori.isVisible());
     QVERIFY(dialoghi().finite());
 
@@ -187,12 +150,14 @@ void tst_ErroriOffLine::elenco() {
         return griglia->visualItemRect(griglia->item(0, colonna)).center();
     };
     QTest::mouseClick(griglia->viewport(), Qt::LeftButton, {}, centro(2));
-    for (const std::function<void()>& apri :
-         {std::function<void()>(
-              [&] { QTest::mouseClick(griglia->viewport(), Qt::LeftButton, {}, centro(5)); }),
-          std::function<void()>([&] { QTest::keyClick(griglia, Qt::Key_Return); })}) {
+    for (const bool mouse : {true, false}) {
+        const auto apri = [&] {
+            if (mouse)
+                QTest::mouseClick(griglia->viewport(), Qt::LeftButton, {}, centro(5));
+            else
+                QTest::keyClick(griglia, Qt::Key_Return);
+        };
         inModale<frmCorrezioneOffLine>(apri, [](frmCorrezioneOffLine& correzione) {
-            QCOMPARE(correzione.windowTitle(), "Correzione Errori Tempi Scaricati OffLine");
             QCOMPARE(correzione.findChild<QLabel*>("lblEqu")->text(),
                      "N. 2 - ROSSI-BIANCHI - LANCIA APRILIA");
         });
@@ -201,9 +166,7 @@ void tst_ErroriOffLine::elenco() {
 
 // A crew that is not entered must be entered first; its times that wait to be saved become its own.
 void tst_ErroriOffLine::iscrizione() {
-    esegui("INSERT INTO ErroriSca (Num,ErrIsc) VALUES (9,1)");
-    esegui("INSERT INTO ErroriSca (Num,ErrIsc) VALUES (8,1)");
-    esegui("INSERT INTO ErroriSca (Num,ErrTroTem) VALUES (9,1)");
+    esegui("INSERT INTO ErroriSca (Num,ErrIsc,ErrTroTem) VALUES (9,1,0),(8,1,0),(9,0,1)");
     esegui("INSERT INTO TempScar (Num,Tem) VALUES (9,'10:04:00:00'),(NULL,'10:00:30:00'),(1,'11:00:00:00')");
     esegui("INSERT INTO TempRil (IDPro_FK,TPar,Num) VALUES (?,'10:01:00:20',9)", {m_pa1});
     frmErroriTempiOffLine errori;
@@ -227,12 +190,14 @@ void tst_ErroriOffLine::iscrizione() {
                                        QCOMPARE(voci(*correzione.findChild<QListWidget*>("lstTempiScartati")),
                                                 QStringList({"10:04:00:00", "10:00:30:00  (senza numero)"}));
                                    });
-    const int idEqu = leggiValore("SELECT IDEqu FROM Equipaggi WHERE Num=9 AND IDMan_FK=?", {IDMan})->toInt();
-    QCOMPARE(griglia->item(0, 0)->text(), QString::number(idEqu));
-    QCOMPARE(griglia->item(1, 0)->text(), "0");
-    QCOMPARE(griglia->item(2, 0)->text(), QString::number(idEqu));
-    QCOMPARE(contaRighe("Rilevamenti", QString("IDEqu_FK=%1 AND TPar='' AND TArr=''").arg(idEqu)), 3);
-    QCOMPARE(contaRighe("TempRil", QString("IDEqu_FK=%1").arg(idEqu)), 1);
+    const QString idEqu =
+        leggiValore("SELECT IDEqu FROM Equipaggi WHERE Num=9 AND IDMan_FK=?", {IDMan})->toString();
+    QStringList chiavi;
+    for (int i = 0; i < griglia->rowCount(); ++i)
+        chiavi << griglia->item(i, 0)->text();
+    QCOMPARE(chiavi, QStringList({idEqu, "0", idEqu}));
+    QCOMPARE(tempiDi(idEqu.toInt()), QStringList({">", ">", ">"}));
+    QCOMPARE(contaRighe("TempRil", "IDEqu_FK=" + idEqu), 1);
     // Entered now: no question any more.
     griglia->setCurrentCell(2, 5);
     inModale<frmCorrezioneOffLine>([&] { QTest::keyClick(griglia, Qt::Key_Return); },
@@ -247,54 +212,28 @@ void tst_ErroriOffLine::numeroPreso() {
     QCOMPARE(contaRighe("Equipaggi"), 2);
 }
 
-// Typed, cut, and taken along the chain over the time control, which keeps its own; deleted, it is no time.
+// Typed, cut, and taken along the chain over the time control, which keeps its own; deleted, it is no time;
+// what is being typed is stored on closing.
 void tst_ErroriOffLine::correzione() {
     scriviRilevamento(m_uno, m_co, "07:00:00:00", "07:30:00:00");
     frmCorrezioneOffLine finestra(m_uno);
-    finestra.show();
-    QVERIFY(QTest::qWaitForWindowActive(&finestra));
-    auto* grT = finestra.findChild<QTableView*>("grT");
-    QVERIFY(!grT->isColumnHidden(ModelloRilevamenti::TempoStart));
-    QVERIFY(grT->isColumnHidden(ModelloRilevamenti::PenAgg));
-    const auto vai = [&](int riga, int colonna) {
-        grT->setFocus();
-        grT->setCurrentIndex(grT->model()->index(riga, colonna));
-    };
-    const auto digita = [](const QString& testo) {
-        for (const QChar c : testo)
-            QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    };
-    vai(0, ModelloRilevamenti::TempoStart);
-    digita("10000019");
-    QCOMPARE(rilevamento(m_uno, m_pa1), "10:00:00:10|");
-    vai(0, ModelloRilevamenti::TempoPassaggio);
-    digita("10010555");
-    QCOMPARE(rilevamento(m_uno, m_pa1), "10:00:00:10|10:01:05:50");
-    QCOMPARE(rilevamento(m_uno, m_pa2), "10:01:05:50|");
-    QCOMPARE(rilevamento(m_uno, m_co), "07:00:00:00|07:30:00:00");
-    vai(2, ModelloRilevamenti::TempoStart);
-    digita("10020000");
-    QCOMPARE(rilevamento(m_uno, m_pa1), "10:00:00:10|10:02:00:00");
-    QCOMPARE(rilevamento(m_uno, m_co), "07:00:00:00|07:30:00:00");
-
-    vai(0, ModelloRilevamenti::TempoPassaggio);
-    dialoghi().attendiDomanda("Conferma Cancellazione", "Cancellare il Tempo Selezionato ?", false);
-    QTest::keyClick(grT, Qt::Key_Delete);
-    QCOMPARE(rilevamento(m_uno, m_pa1), "10:00:00:10|10:02:00:00");
+    mostra(finestra);
+    QVERIFY(finestra.findChild<QTableView*>("grT")->isColumnHidden(Colonna::PenAgg));
+    const QString controllo = "07:00:00:00>07:30:00:00";
+    scrivi(finestra, 0, Colonna::TempoStart, "10000019");
+    scrivi(finestra, 0, Colonna::TempoPassaggio, "10010555");
+    QCOMPARE(tempiDi(m_uno), QStringList({"10:00:00:10>10:01:05:50", controllo, "10:01:05:50>"}));
+    scrivi(finestra, 2, Colonna::TempoStart, "10020000");
+    QCOMPARE(tempiDi(m_uno), QStringList({"10:00:00:10>10:02:00:00", controllo, "10:02:00:00>"}));
+    vai(finestra, 0, Colonna::TempoPassaggio);
     dialoghi().attendiDomanda("Conferma Cancellazione", "Cancellare il Tempo Selezionato ?", true);
-    QTest::keyClick(grT, Qt::Key_Delete);
+    tasto(Qt::Key_Delete);
     QVERIFY(dialoghi().finite());
-    QCOMPARE(rilevamento(m_uno, m_pa1), "10:00:00:10|00:00:00:00");
-    QCOMPARE(rilevamento(m_uno, m_pa2), "00:00:00:00|");
-
-    // What is being typed is stored on closing.
-    vai(2, ModelloRilevamenti::TempoPassaggio);
-    for (const QChar c : QString("10050099"))
-        QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
-    QTest::mouseClick(finestra.findChild<QPushButton*>("cmdEsci"), Qt::LeftButton);
+    vai(finestra, 2, Colonna::TempoPassaggio);
+    digita("10050099");
+    premi(finestra, "cmdEsci");
     QVERIFY(!finestra.isVisible());
-    QCOMPARE(rilevamento(m_uno, m_pa2), "00:00:00:00|10:05:00:90");
+    QCOMPARE(tempiDi(m_uno), QStringList({"10:00:00:10>00:00:00:00", controllo, "00:00:00:00>10:05:00:90"}));
 }
 
 PROVA_FINESTRE(tst_ErroriOffLine)

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The result as lines: crew, "  " test, "    " finding.
+// The result as lines: each crew, then its tests with what was found.
 QStringList righe(const RisultatoRicerca& risultato) {
     QStringList testi;
     for (const EquipaggioTrovato& equipaggio : risultato.equipaggi) {
@@ -28,18 +28,14 @@ class tst_RicercaTempi final : public QObject {
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { m_programma.reset(); }
 
     void esito_data();
     void esito();
     void duePreveNessunoScarto();
     void soloProveSvolteSenzaPenAgg();
     void nulliEBianchi();
-    void numeriFuoriDallElenco();
-    void nodiDaCapoPerEquipaggio();
-    void unEquipaggio();
-    void avanzamento();
-    void chiavi();
+    void piuEquipaggi();
 
 private:
     // A crew with one net deviation in hundredths per test (imposed one minute, penalty one a hundredth).
@@ -58,17 +54,11 @@ void tst_RicercaTempi::init() {
         m_prove << nuovaProva({{"Nom", nome}});
 }
 
-void tst_RicercaTempi::cleanup() {
-    m_programma.reset();
-}
-
 int tst_RicercaTempi::equipaggio(int num, const QList<int>& scarti) {
     const int idEqu = nuovoEquipaggio(num);
     for (int i = 0; i < scarti.size(); ++i) {
-        scriviRilevamento(idEqu, m_prove[i], "10:00:00:00",
-                          QString("10:01:%1:%2")
-                              .arg(scarti[i] / 100, 2, 10, QChar('0'))
-                              .arg(scarti[i] % 100, 2, 10, QChar('0')));
+        const QTime arrivo = QTime(10, 1).addMSecs(scarti[i] * 10);
+        scriviRilevamento(idEqu, m_prove[i], "10:00:00:00", arrivo.toString("hh:mm:ss:zzz").chopped(1));
     }
     return idEqu;
 }
@@ -81,22 +71,17 @@ void tst_RicercaTempi::tempi(int idEqu, int prova, const QVariant& tPar, const Q
 void tst_RicercaTempi::esito_data() {
     QTest::addColumn<QList<int>>("scarti");
     QTest::addColumn<QStringList>("attese");
-    QTest::newRow("in order") << QList<int>{10, 12, 14, 16, 18} << QStringList();
-    QTest::newRow("one above") << QList<int>{10, 10, 10, 10, 26}
-                               << QStringList{"7 ROSSI BIANCHI [10]",
-                                              "P5: Partenza [Fuori Media], Arrivo [Fuori Media]"};
-    QTest::newRow("just at the limit: a test without findings")
-        << QList<int>{10, 10, 10, 10, 25} << QStringList{"7 ROSSI BIANCHI [10]", "P5: "};
-    QTest::newRow("mean of 0: zeros stand without findings, all else is out")
-        << QList<int>{0, 0, 0, 0, 1} << QStringList{"7 ROSSI BIANCHI [0]",
-                                                    "P1: ",
-                                                    "P2: ",
-                                                    "P3: ",
-                                                    "P4: ",
-                                                    "P5: Partenza [Fuori Media], Arrivo [Fuori Media]"};
-    QTest::newRow("rounded to three decimals")
-        << QList<int>{10, 10, 10, 11, 100}
-        << QStringList{"7 ROSSI BIANCHI [10,333]", "P5: Partenza [Fuori Media], Arrivo [Fuori Media]"};
+    const QString fuori = "P5: Partenza [Fuori Media], Arrivo [Fuori Media]";
+    const auto caso = [](const char* nome, const QList<int>& scarti, const QStringList& attese) {
+        QTest::newRow(nome) << scarti << attese;
+    };
+    caso("in order", {10, 12, 14, 16, 18}, {});
+    caso("one above", {10, 10, 10, 10, 26}, {"7 ROSSI BIANCHI [10]", fuori});
+    caso("just at the limit: a test without findings", {10, 10, 10, 10, 25},
+         {"7 ROSSI BIANCHI [10]", "P5: "});
+    caso("mean of 0: zeros stand without findings, all else is out", {0, 0, 0, 0, 1},
+         {"7 ROSSI BIANCHI [0]", "P1: ", "P2: ", "P3: ", "P4: ", fuori});
+    caso("rounded to three decimals", {10, 10, 10, 11, 100}, {"7 ROSSI BIANCHI [10,333]", fuori});
 }
 
 void tst_RicercaTempi::esito() {
@@ -145,59 +130,26 @@ void tst_RicercaTempi::nulliEBianchi() {
                           "P3: Arrivo [Mancante]", "P4: Partenza [Mancante], Arrivo [Mancante]"}));
 }
 
-void tst_RicercaTempi::numeriFuoriDallElenco() {
-    equipaggio(999, {10, 10, 10, 10, 100});
-    equipaggio(1000, {10, 10, 10, 10, 100});
-    const RisultatoRicerca risultato = cercaTempi();
-    QCOMPARE(risultato.nonCercati, std::vector<int>{1000});
-    QCOMPARE(righe(risultato).size(), 2);
-    QVERIFY(righe(risultato).first().startsWith("999 "));
-}
-
-// Two crews with a finding on the same test: the second has a test node of its own.
-void tst_RicercaTempi::nodiDaCapoPerEquipaggio() {
-    equipaggio(8, {10, 10, 10, 10, 100});
-    equipaggio(2, {10, 10, 10, 10, 100});
-    const RisultatoRicerca risultato = cercaTempi();
-    QCOMPARE(righe(risultato),
-             QStringList({"2 ROSSI BIANCHI [10]", "P5: Partenza [Fuori Media], Arrivo [Fuori Media]",
-                          "8 ROSSI BIANCHI [10]", "P5: Partenza [Fuori Media], Arrivo [Fuori Media]"}));
-    const int idRil = leggiValore("SELECT IDRil FROM Rilevamenti WHERE IDEqu_FK=? AND IDPro_FK=?",
-                                  {risultato.equipaggi[1].idEqu, m_prove[4]})
-                          ->toInt();
-    QCOMPARE(risultato.equipaggi[1].prove[0].tempi[1],
-             TempoTrovato({idRil, CampoTempo::Arrivo, "Arrivo [Fuori Media]"}));
-}
-
-void tst_RicercaTempi::unEquipaggio() {
-    equipaggio(2, {10, 10, 10, 10, 100});
-    const int otto = equipaggio(8, {10, 10, 10, 10, 100});
-    const RisultatoRicerca tutti = cercaTempi();
-    const RisultatoRicerca uno = cercaTempi({}, otto);
-    QCOMPARE(righe(uno), righe(tutti).mid(2));
-    QCOMPARE(uno.equipaggi[0].prove[0].tempi, tutti.equipaggi[1].prove[0].tempi);
-}
-
-void tst_RicercaTempi::avanzamento() {
-    for (int num = 1; num <= 4; ++num)
-        equipaggio(num, {10, 10, 10, 10, 10});
+// Each crew that the search can hold has test nodes of its own, and found alone is the same.
+void tst_RicercaTempi::piuEquipaggi() {
+    for (const int num : {1000, 999, 2})
+        equipaggio(num, {10, 10, 10, 10, 100});
     QStringList passi;
-    cercaTempi([&](FaseRicerca fase, int percento) {
+    const RisultatoRicerca tutti = cercaTempi([&](FaseRicerca fase, int percento) {
         passi << QString(fase == FaseRicerca::Medie ? "M%1" : "T%1").arg(percento);
     });
-    QCOMPARE(passi.mid(0, 5), QStringList({"M25", "M50", "M75", "M100", "T5"}));
-    QCOMPARE(passi.last(), QString("T100"));
-    QCOMPARE(passi.size(), 4 + 20);
-}
-
-void tst_RicercaTempi::chiavi() {
-    const QString chiave = chiaveTempo(3, 14, {159, CampoTempo::Arrivo, {}});
-    QCOMPARE(chiave, QString("/EQ3/PR14/AR159"));
-    const std::optional<NodoRicerca> nodo = leggiChiave(chiave);
-    QVERIFY(nodo && nodo->idEqu == 3 && nodo->idPro == 14 && nodo->campo == CampoTempo::Arrivo);
-    QVERIFY(leggiChiave("/EQ3") && !leggiChiave("/EQ3")->idPro);
-    QVERIFY(leggiChiave(chiaveProva(3, 14)) && !leggiChiave(chiaveProva(3, 14))->campo);
-    QVERIFY(!leggiChiave(""));
+    QCOMPARE(tutti.nonCercati, std::vector<int>{1000});
+    const QString fuori = "P5: Partenza [Fuori Media], Arrivo [Fuori Media]";
+    QCOMPARE(righe(tutti), QStringList({"2 ROSSI BIANCHI [10]", fuori, "999 ROSSI BIANCHI [10]", fuori}));
+    QCOMPARE(passi.mid(0, 4) + passi.mid(17), QStringList({"M33", "M66", "M100", "T6", "T100"}));
+    const EquipaggioTrovato& secondo = tutti.equipaggi[1];
+    const int idRil = leggiValore("SELECT IDRil FROM Rilevamenti WHERE IDEqu_FK=? AND IDPro_FK=?",
+                                  {secondo.idEqu, m_prove[4]})
+                          ->toInt();
+    QCOMPARE(secondo.prove[0].tempi[1], TempoTrovato({idRil, CampoTempo::Arrivo, "Arrivo [Fuori Media]"}));
+    const RisultatoRicerca uno = cercaTempi({}, secondo.idEqu);
+    QCOMPARE(righe(uno), righe(tutti).mid(2));
+    QCOMPARE(uno.equipaggi[0].prove[0].tempi, secondo.prove[0].tempi);
 }
 
 QTEST_GUILESS_MAIN(tst_RicercaTempi)
