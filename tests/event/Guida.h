@@ -1,9 +1,12 @@
 #pragma once
 
 #include "event/CreazioneManifestazione.h"
+#include "event/Elenco.h"
 #include "event/PaginaGuidata.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -52,9 +55,39 @@ inline void scrivi(QWidget* finestra, const QString& nome, const QString& testo)
     auto* campo = controllo(finestra, nome);
     campo->setFocus();
     campo->selectAll();
+    QTest::keyClick(campo, Qt::Key_Delete);
     QTest::keyClicks(campo, testo);
 }
 
 inline void premi(QWidget* finestra, const QString& nome) {
-    QTest::mouseClick(controllo<QPushButton>(finestra, nome), Qt::LeftButton);
+    QTest::mouseClick(controllo<QAbstractButton>(finestra, nome), Qt::LeftButton);
+}
+
+inline void scegli(QWidget* finestra, const QString& combo, const QString& testo) {
+    controllo<QComboBox>(finestra, combo)->setCurrentText(testo);
+}
+
+// Row -1: the empty part of the list.
+inline void doppioClic(QWidget* finestra, const QString& nome, int riga) {
+    auto* elenco = controllo<Elenco>(finestra, nome);
+    const QPoint dove = riga < 0 ? elenco->viewport()->rect().bottomRight() - QPoint(5, 5)
+                                 : elenco->visualItemRect(elenco->topLevelItem(riga)).center();
+    QTest::mouseClick(elenco->viewport(), Qt::LeftButton, {}, dove);
+    QTest::mouseDClick(elenco->viewport(), Qt::LeftButton, {}, dove);
+}
+
+inline QString cella(QWidget* finestra, const QString& elenco, int riga, int colonna) {
+    return controllo<Elenco>(finestra, elenco)->topLevelItem(riga)->text(colonna);
+}
+
+// Text of each control: line edit, label or combo box.
+using Testi = QMap<QString, QString>;
+inline void confronta(QWidget* finestra, const Testi& attesi) {
+    Testi trovati;
+    for (auto atteso = attesi.cbegin(); atteso != attesi.cend(); ++atteso) {
+        const auto* quale = controllo<QWidget>(finestra, atteso.key());
+        trovati[atteso.key()] =
+            quale->property(quale->inherits("QComboBox") ? "currentText" : "text").toString();
+    }
+    QCOMPARE(trovati, attesi);
 }

@@ -17,15 +17,11 @@ class tst_Gruppi final : public QObject {
 private Q_SLOTS:
     void verifica_data();
     void verifica();
-    void titoli_data();
     void titoli();
-    void anno_data();
     void anno();
-    void assegnazione();
     void tabellaASI();
     void aggiuntaModificaEliminazione();
     void riassegnazione();
-    void squadre();
 };
 
 void tst_Gruppi::verifica_data() {
@@ -34,36 +30,34 @@ void tst_Gruppi::verifica_data() {
     QTest::addColumn<QString>("titolo");
     QTest::addColumn<QString>("testo");
     QTest::addColumn<QString>("campo");
-    const QString mancanti = "Inserendo Almeno un Anno E' Obbligatorio Inserire Anche l'Altro";
+    const QString aggiungere = "Impossbile Aggiungere", mancanti = "Anni Mancanti", errato = "Anno Errato";
+    const QString senzaNome = "Inserire il Nome del Raggruppamento";
+    const QString senzaFattore = "Inserire il Fattore Moltiplicativo";
+    const QString unoSolo = "Inserendo Almeno un Anno E' Obbligatorio Inserire Anche l'Altro";
     const QString automatica =
         "La Manifestazione Prevede l'Inserimento Automatico\n"
         "degli Equipaggi nei Raggruppamenti in Base all'Anno del Veicolo.\n"
         "E' Obbligatorio Inserire Entrambi gli Anni del Ragruppamento";
+    const QString inverso = "L'Anno di Inizio del Raggruppamento è Maggiore dell'Anno di Fine";
     const QString inizio = "L'Anno di Inizio del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
     const QString fine = "L'Anno di Fine del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
     const auto riga = [](const char* nome, const QStringList& campi, bool auto_, const QString& titolo = "",
                          const QString& testo = "", const QString& campo = "") {
         QTest::newRow(nome) << campi << auto_ << titolo << testo << campo;
     };
-    riga("no name, before all", {"", "", "1950", ""}, true, "Impossbile Aggiungere",
-         "Inserire il Nome del Raggruppamento", "txtNom");
-    riga("no factor", {"A", "", "1950", ""}, true, "Impossbile Aggiungere",
-         "Inserire il Fattore Moltiplicativo", "txtFat");
-    riga("a comma is no factor", {"A", ",", "", ""}, false, "Impossbile Aggiungere",
-         "Inserire il Fattore Moltiplicativo", "txtFat");
-    riga("no years, assigned by year", {"A", "1", "", ""}, true, "Anni Mancanti", automatica, "txtDaAnn");
-    riga("one year, assigned by year", {"A", "1", "1950", " "}, true, "Anni Mancanti", automatica,
-         "txtDaAnn");
+    riga("no name, before all", {"", "", "1950", ""}, true, aggiungere, senzaNome, "txtNom");
+    riga("no factor", {"A", "", "1950", ""}, true, aggiungere, senzaFattore, "txtFat");
+    riga("a comma is no factor", {"A", ",", "", ""}, false, aggiungere, senzaFattore, "txtFat");
+    riga("no years, by year", {"A", "1", "", ""}, true, mancanti, automatica, "txtDaAnn");
+    riga("one year, by year", {"A", "1", "1950", " "}, true, mancanti, automatica, "txtDaAnn");
     riga("no years", {"A", "1,5", "", ""}, false);
-    riga("only the first year", {"A", "1", "1950", ""}, false, "Anni Mancanti", mancanti, "txtDaAnn");
-    riga("only the last year", {"A", "1", "", "1950"}, false, "Anni Mancanti", mancanti, "txtDaAnn");
-    riga("backwards", {"A", "1", "1946", "1940"}, false, "Anni Errati",
-         "L'Anno di Inizio del Raggruppamento è Maggiore dell'Anno di Fine", "txtDaAnn");
-    riga("first year at the other's end", {"A", "1", "1945", "1950"}, true, "Anno Errato", inizio,
-         "txtDaAnn");
-    riga("last year at the other's start", {"A", "1", "1925", "1931"}, true, "Anno Errato", fine, "txtAAnn");
-    riga("both inside", {"A", "1", "1935", "1936"}, false, "Anno Errato", inizio, "txtDaAnn");
-    riga("only the end inside", {"A", "1", "1930", "1965"}, false, "Anno Errato", fine, "txtAAnn");
+    riga("only the first year", {"A", "1", "1950", ""}, false, mancanti, unoSolo, "txtDaAnn");
+    riga("only the last year", {"A", "1", "", "1950"}, false, mancanti, unoSolo, "txtDaAnn");
+    riga("backwards", {"A", "1", "1946", "1940"}, false, "Anni Errati", inverso, "txtDaAnn");
+    riga("first year at the other's end", {"A", "1", "1945", "1950"}, true, errato, inizio, "txtDaAnn");
+    riga("last year at the other's start", {"A", "1", "1925", "1931"}, true, errato, fine, "txtAAnn");
+    riga("both inside", {"A", "1", "1935", "1936"}, false, errato, inizio, "txtDaAnn");
+    riga("only the end inside", {"A", "1", "1930", "1965"}, false, errato, fine, "txtAAnn");
     riga("encloses the other", {"A", "1", "1930", "1950"}, true);
     riga("one year alone", {"A", "1", "1950", "1950"}, true);
 }
@@ -86,50 +80,24 @@ void tst_Gruppi::verifica() {
     QCOMPARE(rifiuto->icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
 }
 
-void tst_Gruppi::titoli_data() {
-    QTest::addColumn<int>("operazione");
-    QTest::addColumn<QString>("titolo");
-    QTest::newRow("add") << int(Operazione::Aggiunta) << "Impossbile Aggiungere";
-    QTest::newRow("change in the creation")
-        << int(Operazione::ModificaInCreazione) << "Impossibile Modificare";
-    QTest::newRow("change in the archive") << int(Operazione::ModificaInArchivio) << "Impossibile Aggiungere";
-}
-
 void tst_Gruppi::titoli() {
-    QFETCH(int, operazione);
-    QTEST(verificaGruppo({}, {}, false, Operazione(operazione))->titolo, "titolo");
-    QTEST(verificaSquadra({}, Operazione(operazione))->titolo, "titolo");
-}
-
-void tst_Gruppi::anno_data() {
-    QTest::addColumn<QString>("testo");
-    QTest::addColumn<bool>("accettato");
-    QTest::newRow("blank") << "" << true;
-    QTest::newRow("1849") << "1849" << false;
-    QTest::newRow("1850") << "1850" << true;
-    QTest::newRow("2000") << "2000" << true;
-    QTest::newRow("2001") << "2001" << false;
-    QTest::newRow("two digits") << "55" << false;
-}
-
-void tst_Gruppi::anno() {
-    QFETCH(QString, testo);
-    const std::optional<Rifiuto> rifiuto = verificaAnno(testo);
-    QTEST(!rifiuto.has_value(), "accettato");
-    if (rifiuto) {
-        QCOMPARE(rifiuto->titolo, QString("Dato Errato"));
-        QCOMPARE(rifiuto->testo, QString("Controllare l'Anno Inserito"));
+    using enum Operazione;
+    for (const auto& [operazione, titolo] : {std::pair{Aggiunta, "Impossbile Aggiungere"},
+                                             std::pair{ModificaInCreazione, "Impossibile Modificare"},
+                                             std::pair{ModificaInArchivio, "Impossibile Aggiungere"}}) {
+        QCOMPARE(verificaGruppo({}, {}, false, operazione)->titolo, QString(titolo));
+        QCOMPARE(verificaSquadra({}, operazione)->titolo, QString(titolo));
     }
 }
 
-void tst_Gruppi::assegnazione() {
-    QVERIFY(!verificaAssegnazione({}));
-    QVERIFY(!verificaAssegnazione({{.nom = "A", .daAnn = "1950", .aAnn = "1960"}}));
-    const auto rifiuto = verificaAssegnazione({{.nom = "A", .daAnn = "1950", .aAnn = "1960"}, {.nom = "B"}});
-    QVERIFY(rifiuto);
-    QCOMPARE(rifiuto->titolo, QString("Impossibile Attivare l'Opzione"));
-    QCOMPARE(rifiuto->testo, QString("Sono Stati Già Inseriti dei Raggruppamenti Senza Anni.\n"
-                                     "Inserire Tutti gli Anni Mancanti e Quindi Atrivare l'Opzione"));
+void tst_Gruppi::anno() {
+    for (const char* ammesso : {"", "1850", "2000"})
+        QVERIFY2(!verificaAnno(ammesso), ammesso);
+    for (const char* rifiutato : {"1849", "2001", "55"}) {
+        const std::optional<Rifiuto> rifiuto = verificaAnno(rifiutato);
+        QVERIFY2(rifiuto, rifiutato);
+        QCOMPARE(rifiuto->titolo + '/' + rifiuto->testo, QString("Dato Errato/Controllare l'Anno Inserito"));
+    }
 }
 
 void tst_Gruppi::tabellaASI() {
@@ -193,19 +161,6 @@ void tst_Gruppi::riassegnazione() {
     const int nuovo = aggiungiGruppo(IDMan, {0, "Nuovo", "1", "1919", "1920"}, true);
     QCOMPARE(gruppoDi(del1920), nuovo);
     QCOMPARE(gruppoDi(del1970), gruppi[5].id);
-}
-
-void tst_Gruppi::squadre() {
-    const ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const int id = aggiungiSquadra(IDMan, "Scuderia");
-    aggiungiSquadra(IDMan, "Scuderia");
-    const int uno = nuovoEquipaggio(1, {{"IDSqu_FK", id}});
-    modificaSquadra({id, "Scuderia dell'Est"});
-    QCOMPARE(leggiSquadre(IDMan).constFirst().nom, QString("Scuderia dell'Est"));
-    eliminaSquadra(IDMan, id);
-    QCOMPARE(contaRighe("Squadre"), 1);
-    QCOMPARE(contaRighe("Equipaggi", QString("IDEqu=%1 AND IDSqu_FK=0").arg(uno)), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_Gruppi)

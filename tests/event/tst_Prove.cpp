@@ -45,17 +45,10 @@ class tst_Prove final : public QObject {
 private Q_SLOTS:
     void verifica_data();
     void verifica();
-    void salvataggio_data();
-    void salvataggio();
-    void aggiunta_data();
-    void aggiunta();
-    void modifica_data();
-    void modifica();
-    void eliminazione_data();
-    void eliminazione();
+    void catene_data();
+    void catene();
     void rilevamentiDellaProvaNuova();
     void colonne();
-    void svolte();
 };
 
 void tst_Prove::verifica_data() {
@@ -64,33 +57,23 @@ void tst_Prove::verifica_data() {
     QTest::addColumn<QString>("prova");
     QTest::addColumn<QString>("tempo");
     QTest::addColumn<QString>("testo");
-    const QString tempo = "Inserire il Tempo Imposto della Prova";
+    const QString senzaTempo = "Inserire il Tempo Imposto della Prova";
     const QString prima = "La Prima Prova non può Essere\nConcatenata con la Precedente";
     const QString primoCO = "Il Primo CO non può Essere\nConcatenato con il Precedente";
-    QTest::newRow("no time comes first") << "" << 0 << "CO+"
-                                         << "" << tempo;
-    QTest::newRow("first chained") << "" << 0 << "PA+"
-                                   << "00:01:00" << prima;
-    QTest::newRow("first CO chained, empty list") << "" << 0 << "CO+"
-                                                  << "00:01:00" << prima;
-    QTest::newRow("CO after PA") << "PA PM" << 2 << "CO+"
-                                 << "00:01:00" << primoCO;
-    QTest::newRow("CO after CO") << "CO PM" << 2 << "CO+"
-                                 << "00:01:00"
-                                 << "";
-    QTest::newRow("PA after CO") << "CO" << 1 << "PA+"
-                                 << "00:00:00"
-                                 << "";
-    QTest::newRow("first not chained") << "" << 0 << "CO"
-                                       << "00:01:00"
-                                       << "";
-    QTest::newRow("change of the first") << "PA CO" << 0 << "PA+"
-                                         << "00:01:00" << prima;
-    QTest::newRow("change looks only before") << "PA PA CO" << 1 << "CO+"
-                                              << "00:01:00" << primoCO;
-    QTest::newRow("change with a CO before") << "CO PA CO" << 1 << "CO+"
-                                             << "00:01:00"
-                                             << "";
+    const auto riga = [](const char* nome, const char* elenco, int posizione, const char* prova,
+                         const QString& testo = "", const char* tempo = "00:01:00") {
+        QTest::newRow(nome) << QString(elenco) << posizione << QString(prova) << QString(tempo) << testo;
+    };
+    riga("no time comes first", "", 0, "CO+", senzaTempo, "");
+    riga("first chained", "", 0, "PA+", prima);
+    riga("first CO chained, empty list", "", 0, "CO+", prima);
+    riga("CO after PA", "PA PM", 2, "CO+", primoCO);
+    riga("CO after CO", "CO PM", 2, "CO+");
+    riga("PA after CO", "CO", 1, "PA+", "", "00:00:00");
+    riga("first not chained", "", 0, "CO");
+    riga("change of the first", "PA CO", 0, "PA+", prima);
+    riga("change looks only before", "PA PA CO", 1, "CO+", primoCO);
+    riga("change with a CO before", "CO PA CO", 1, "CO+");
 }
 
 void tst_Prove::verifica() {
@@ -109,119 +92,65 @@ void tst_Prove::verifica() {
     }
 }
 
-void tst_Prove::salvataggio_data() {
-    QTest::addColumn<QString>("prove");
+void tst_Prove::catene_data() {
+    QTest::addColumn<QString>("prima");
+    QTest::addColumn<int>("posizione");
+    QTest::addColumn<QString>("nuova");
     QTest::addColumn<QString>("attesa");
-    QTest::newRow("to the one before") << "PA PA+ PM+ PA"
-                                       << "0 1 2 0";
-    QTest::newRow("PA to a CO, CO over PAs") << "CO PA+ PM+ CO+ PA CO+"
-                                             << "0 1 2 1 0 4";
-    QTest::newRow("left chained by a deletion") << "PA+ CO+ PA+"
-                                                << "0 0 2";
+    // The tests, the one worked on, what it becomes (empty: deleted), and what each is chained to in the end,
+    // by its place before a deletion.
+    const auto riga = [](const char* nome, const char* prima, int posizione, const char* nuova,
+                         const char* attesa) {
+        QTest::newRow(nome) << QString(prima) << posizione << QString(nuova) << QString(attesa);
+    };
+    riga("saved: to the one before", "PA PA+ PM+ PA", -1, "", "0 1 2 0");
+    riga("saved: PA to a CO, CO over PAs", "CO PA+ PM+ CO+ PA CO+", -1, "", "0 1 2 1 0 4");
+    riga("saved: left chained by a deletion", "PA+ CO+ PA+", -1, "", "0 0 2");
+    riga("added: PA to the last", "CO PM", 2, "PA+", "0 0 2");
+    riga("added: PM to a CO", "PA CO", 2, "PM+", "0 0 2");
+    riga("added: CO to the nearest CO", "CO CO PA PM", 4, "CO+", "0 0 0 0 2");
+    riga("added: not chained", "CO CO", 2, "CO", "0 0 0");
+    riga("added: the first", "", 0, "PA", "0");
+    riga("unchained", "PA PA+ PA+", 1, "PA", "0 0 2");
+    riga("PA chained", "PA PM CO", 1, "PM+", "0 1 0");
+    riga("CO to PA: the later CO goes to the CO before", "CO PA CO+ PM CO+", 2, "PA+", "0 0 2 0 1");
+    riga("CO to PM and no CO is left before", "PA CO PA CO+", 1, "PM+", "0 1 0 0");
+    riga("CO to PA: only the first later CO", "CO CO+ CO CO+", 1, "PA+", "0 1 0 3");
+    riga("a PA stays PA: later chains stay", "CO PA CO+", 1, "PA+", "0 1 1");
+    riga("PA to CO: the later CO goes to it", "CO PA PM CO+", 1, "CO+", "0 1 0 2");
+    riga("PA to CO before an unchained CO", "CO PA CO CO+", 1, "CO+", "0 1 0 3");
+    riga("a CO stays CO", "CO CO+ CO+", 1, "CO+", "0 1 2");
+    riga("the last becomes CO", "CO PA", 1, "CO+", "0 1");
+    riga("deleted: the first of two chained", "PA PA+", 0, "", "0");
+    riga("deleted: the next loses its chain", "PA PA+ PM+ PA+", 1, "", "0 0 3");
+    riga("deleted CO: next PA and first later CO", "CO PA+ PM CO+ CO+", 0, "", "0 0 0 4");
+    riga("deleted CO: only the first later CO", "CO CO+ CO CO+", 1, "", "0 0 3");
+    riga("deleted PA keeps the chain of COs", "CO PA CO+", 1, "", "0 1");
+    riga("deleted PA: a CO next is not its concern", "CO PM+ CO+ PA+", 1, "", "0 1 3");
+    riga("deleted: the last", "CO CO+", 1, "", "0");
+    riga("deleted: the only one", "PA", 0, "", "");
 }
 
-void tst_Prove::salvataggio() {
-    QFETCH(QString, prove);
+void tst_Prove::catene() {
+    QFETCH(QString, prima);
+    QFETCH(int, posizione);
+    QFETCH(QString, nuova);
     const ProgrammaDiProva programma;
     salva("CO PA");  // of another event: no chain reaches them
-    const QList<int> chiavi = salva(prove);
-    QTEST(catena(chiavi), "attesa");
-}
-
-void tst_Prove::aggiunta_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<QString>("nuova");
-    QTest::addColumn<QString>("attesa");
-    QTest::newRow("PA to the last") << "CO PM"
-                                    << "PA+"
-                                    << "0 0 2";
-    QTest::newRow("PM to a CO") << "PA CO"
-                                << "PM+"
-                                << "0 0 2";
-    QTest::newRow("CO to the nearest CO") << "CO CO PA PM"
-                                          << "CO+"
-                                          << "0 0 0 0 2";
-    QTest::newRow("not chained") << "CO CO"
-                                 << "CO"
-                                 << "0 0 0";
-    QTest::newRow("the first") << ""
-                               << "PA"
-                               << "0";
-}
-
-void tst_Prove::aggiunta() {
-    QFETCH(QString, prima);
-    QFETCH(QString, nuova);
-    const ProgrammaDiProva programma;
     QList<int> chiavi = salva(prima);
-    chiavi << aggiungiProva(IDMan, elenco(nuova).constFirst());
-    QTEST(catena(chiavi), "attesa");
-}
-
-void tst_Prove::modifica_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<int>("posizione");
-    QTest::addColumn<QString>("nuova");
-    QTest::addColumn<QString>("attesa");
-    QTest::newRow("unchained") << "PA PA+ PA+" << 1 << "PA"
-                               << "0 0 2";
-    QTest::newRow("PA chained") << "PA PM CO" << 1 << "PM+"
-                                << "0 1 0";
-    QTest::newRow("a CO becomes PA: the later CO goes to the CO before") << "CO PA CO+ PM CO+" << 2 << "PA+"
-                                                                         << "0 0 2 0 1";
-    QTest::newRow("a CO becomes PM and no CO is left before") << "PA CO PA CO+" << 1 << "PM+"
-                                                              << "0 1 0 0";
-    QTest::newRow("only the first later CO") << "CO CO+ CO CO+" << 1 << "PA+"
-                                             << "0 1 0 3";
-    QTest::newRow("a PA stays PA: later chains stay") << "CO PA CO+" << 1 << "PA+"
-                                                      << "0 1 1";
-    QTest::newRow("a PA becomes CO: the later CO goes to it") << "CO PA PM CO+" << 1 << "CO+"
-                                                              << "0 1 0 2";
-    QTest::newRow("a PA becomes CO before an unchained CO") << "CO PA CO CO+" << 1 << "CO+"
-                                                            << "0 1 0 3";
-    QTest::newRow("a CO stays CO") << "CO CO+ CO+" << 1 << "CO+"
-                                   << "0 1 2";
-    QTest::newRow("the last") << "CO PA" << 1 << "CO+"
-                              << "0 1";
-}
-
-void tst_Prove::modifica() {
-    QFETCH(QString, prima);
-    QFETCH(int, posizione);
-    QFETCH(QString, nuova);
-    const ProgrammaDiProva programma;
-    const QList<int> chiavi = salva(prima);
-    Prova prova = elenco(nuova).constFirst();
-    prova.id = chiavi[posizione];
-    modificaProva(IDMan, prova);
-    QTEST(catena(chiavi), "attesa");
-}
-
-void tst_Prove::eliminazione_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<int>("posizione");
-    QTest::addColumn<QString>("attesa");  // positions as they were before
-    QTest::newRow("the first of two chained") << "PA PA+" << 0 << "0";
-    QTest::newRow("the next loses its chain") << "PA PA+ PM+ PA+" << 1 << "0 0 3";
-    QTest::newRow("a CO: next PA and first later CO") << "CO PA+ PM CO+ CO+" << 0 << "0 0 0 4";
-    QTest::newRow("a CO: only the first later CO") << "CO CO+ CO CO+" << 1 << "0 0 3";
-    QTest::newRow("a PA keeps the chain of COs") << "CO PA CO+" << 1 << "0 1";
-    QTest::newRow("the next is a CO: not a PA's concern") << "CO PM+ CO+ PA+" << 1 << "0 1 3";
-    QTest::newRow("the last") << "CO CO+" << 1 << "0";
-    QTest::newRow("the only one") << "PA" << 0 << "";
-}
-
-void tst_Prove::eliminazione() {
-    QFETCH(QString, prima);
-    QFETCH(int, posizione);
-    const ProgrammaDiProva programma;
-    const QList<int> chiavi = salva(prima);
     nuovoEquipaggio(1);
-    const int rilevamenti = contaRighe("Rilevamenti");
-    eliminaProva(IDMan, chiavi[posizione]);
+    if (posizione >= 0 && nuova.isEmpty()) {
+        eliminaProva(IDMan, chiavi[posizione]);
+        QCOMPARE(contaRighe("Rilevamenti"), chiavi.size() - 1);
+        QVERIFY_EXCEPTION_THROWN(modificaProva(IDMan, {.id = chiavi[posizione], .tip = "PA"}), Errore);
+    } else if (posizione == chiavi.size()) {
+        chiavi << aggiungiProva(IDMan, elenco(nuova).constFirst());
+    } else if (posizione >= 0) {
+        Prova prova = elenco(nuova).constFirst();
+        prova.id = chiavi[posizione];
+        modificaProva(IDMan, prova);
+    }
     QTEST(catena(chiavi), "attesa");
-    QCOMPARE(contaRighe("Rilevamenti"), rilevamenti - 1);
-    QVERIFY_EXCEPTION_THROWN(modificaProva(IDMan, {.id = chiavi[posizione], .tip = "PA"}), Errore);
 }
 
 void tst_Prove::rilevamentiDellaProvaNuova() {
@@ -254,18 +183,6 @@ void tst_Prove::colonne() {
     prova.dat.clear();
     modificaProva(IDMan, prova);
     QCOMPARE(contaRighe("Prove", "Nom='Media' AND Dat IS NULL AND Svo=1"), 1);
-}
-
-void tst_Prove::svolte() {
-    const ProgrammaDiProva programma;
-    salva("PA CO");
-    QList<ProvaSvolta> prove = leggiProveSvolte(IDMan);
-    QCOMPARE(prove.size(), 2);
-    QVERIFY(!prove[0].svolta && !prove[1].svolta);
-    prove[1].svolta = true;
-    scriviProveSvolte(prove);
-    prove = leggiProveSvolte(IDMan);
-    QVERIFY(!prove[0].svolta && prove[1].svolta);
 }
 
 QTEST_GUILESS_MAIN(tst_Prove)
