@@ -18,6 +18,7 @@ class ModuloDiProva {
 protected:
     static constexpr char Impossibile[] = "Impossbile Salvare";
     static constexpr char Assegnato[] = "Numero Già Assegnato";
+    static constexpr char AnnoErrato[] = "Anno NON Valido";
     static constexpr char SenzaNumero[] = "Inserire il Numero dell'Equipaggio";
     // The ways to leave the crew in the middle of the list.
     static constexpr const char* Uscite[] = {"cmdPrimo", "cmdPrecedente", "cmdSuccessivo", "cmdUltimo",
@@ -76,15 +77,10 @@ protected:
                           QPoint(testata->sectionViewportPosition(colonna) + 10, testata->height() / 2));
     }
 
-    // The second crew was not left, and the box that says why has come.
-    void resta(const char* uscita) {
-        QVERIFY2(m_programma->dialoghi.finite(), uscita);
-        QVERIFY2(m_finestra->isVisible() && !inserimento() && rigaScelta() == 1, uscita);
-    }
-
     void scrivi(const char* nome, const QString& testo) {
         box(nome)->setFocus();
         box(nome)->selectAll();
+        QTest::keyClick(box(nome), Qt::Key_Delete);
         QTest::keyClicks(box(nome), testo);
     }
 

@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -63,10 +62,6 @@ inline void premi(QWidget* finestra, const QString& nome) {
     QTest::mouseClick(controllo<QAbstractButton>(finestra, nome), Qt::LeftButton);
 }
 
-inline void scegli(QWidget* finestra, const QString& combo, const QString& testo) {
-    controllo<QComboBox>(finestra, combo)->setCurrentText(testo);
-}
-
 // Row -1: the empty part of the list.
 inline void doppioClic(QWidget* finestra, const QString& nome, int riga) {
     auto* elenco = controllo<Elenco>(finestra, nome);
@@ -76,18 +71,47 @@ inline void doppioClic(QWidget* finestra, const QString& nome, int riga) {
     QTest::mouseDClick(elenco->viewport(), Qt::LeftButton, {}, dove);
 }
 
-inline QString cella(QWidget* finestra, const QString& elenco, int riga, int colonna) {
-    return controllo<Elenco>(finestra, elenco)->topLevelItem(riga)->text(colonna);
+// "txtNom=Coppa;cboPro=PA;chkRagAuto=SI" as pairs.
+inline QList<std::pair<QString, QString>> campi(const QString& testo) {
+    QList<std::pair<QString, QString>> coppie;
+    for (const QString& voce : testo.split(';'))
+        coppie.emplace_back(voce.section('=', 0, 0), voce.section('=', 1));
+    return coppie;
 }
 
-// Text of each control: line edit, label or combo box.
-using Testi = QMap<QString, QString>;
-inline void confronta(QWidget* finestra, const Testi& attesi) {
-    Testi trovati;
-    for (auto atteso = attesi.cbegin(); atteso != attesi.cend(); ++atteso) {
-        const auto* quale = controllo<QWidget>(finestra, atteso.key());
-        trovati[atteso.key()] =
-            quale->property(quale->inherits("QComboBox") ? "currentText" : "text").toString();
+// What a control holds; "lstProve 1 0" is the cell of row 1, column 0.
+inline QString contenuto(QWidget* finestra, const QString& nome) {
+    if (const QStringList cella = nome.split(' '); cella.size() == 3)
+        return controllo<Elenco>(finestra, cella[0])->topLevelItem(cella[1].toInt())->text(cella[2].toInt());
+    const auto* quale = controllo<QWidget>(finestra, nome);
+    if (const auto* pulsante = qobject_cast<const QAbstractButton*>(quale))
+        return pulsante->isChecked() ? "SI" : "NO";
+    return quale->property(quale->inherits("QComboBox") ? "currentText" : "text").toString();
+}
+
+// Fills controls by name: chosen, ticked or typed.
+inline void compila(QWidget* finestra, const QString& testo) {
+    for (const auto& [nome, valore] : campi(testo)) {
+        auto* quale = controllo<QWidget>(finestra, nome);
+        if (auto* combo = qobject_cast<QComboBox*>(quale)) {
+            combo->setCurrentText(valore);
+        } else if (auto* pulsante = qobject_cast<QAbstractButton*>(quale)) {
+            if (contenuto(finestra, nome) != valore)
+                pulsante->click();
+        } else {
+            scrivi(finestra, nome, valore);
+        }
     }
-    QCOMPARE(trovati, attesi);
+}
+
+inline void confronta(QWidget* finestra, const QString& attesi) {
+    QStringList trovati;
+    for (const auto& [nome, valore] : campi(attesi))
+        trovati << nome + '=' + contenuto(finestra, nome);
+    QCOMPARE(trovati.join(';'), attesi);
+}
+
+inline void abilitati(QWidget* finestra, const QString& nomi, bool attesi) {
+    for (const QString& nome : nomi.split(' '))
+        QVERIFY2(controllo<QWidget>(finestra, nome)->isEnabled() == attesi, qPrintable(nome));
 }

@@ -15,7 +15,6 @@ class tst_Gruppi final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void verifica_data();
     void verifica();
     void titoli();
     void anno();
@@ -24,60 +23,49 @@ private Q_SLOTS:
     void riassegnazione();
 };
 
-void tst_Gruppi::verifica_data() {
-    QTest::addColumn<QStringList>("campi");  // name, factor, years
-    QTest::addColumn<bool>("automatica");
-    QTest::addColumn<QString>("titolo");
-    QTest::addColumn<QString>("testo");
-    QTest::addColumn<QString>("campo");
+void tst_Gruppi::verifica() {
     const QString aggiungere = "Impossbile Aggiungere", mancanti = "Anni Mancanti", errato = "Anno Errato";
     const QString senzaNome = "Inserire il Nome del Raggruppamento";
     const QString senzaFattore = "Inserire il Fattore Moltiplicativo";
     const QString unoSolo = "Inserendo Almeno un Anno E' Obbligatorio Inserire Anche l'Altro";
-    const QString automatica =
+    const QString perAnno =
         "La Manifestazione Prevede l'Inserimento Automatico\n"
         "degli Equipaggi nei Raggruppamenti in Base all'Anno del Veicolo.\n"
         "E' Obbligatorio Inserire Entrambi gli Anni del Ragruppamento";
     const QString inverso = "L'Anno di Inizio del Raggruppamento è Maggiore dell'Anno di Fine";
     const QString inizio = "L'Anno di Inizio del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
     const QString fine = "L'Anno di Fine del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
-    const auto riga = [](const char* nome, const QStringList& campi, bool auto_, const QString& titolo = "",
-                         const QString& testo = "", const QString& campo = "") {
-        QTest::newRow(nome) << campi << auto_ << titolo << testo << campo;
-    };
-    riga("no name, before all", {"", "", "1950", ""}, true, aggiungere, senzaNome, "txtNom");
-    riga("no factor", {"A", "", "1950", ""}, true, aggiungere, senzaFattore, "txtFat");
-    riga("a comma is no factor", {"A", ",", "", ""}, false, aggiungere, senzaFattore, "txtFat");
-    riga("no years, by year", {"A", "1", "", ""}, true, mancanti, automatica, "txtDaAnn");
-    riga("one year, by year", {"A", "1", "1950", " "}, true, mancanti, automatica, "txtDaAnn");
-    riga("no years", {"A", "1,5", "", ""}, false);
-    riga("only the first year", {"A", "1", "1950", ""}, false, mancanti, unoSolo, "txtDaAnn");
-    riga("only the last year", {"A", "1", "", "1950"}, false, mancanti, unoSolo, "txtDaAnn");
-    riga("backwards", {"A", "1", "1946", "1940"}, false, "Anni Errati", inverso, "txtDaAnn");
-    riga("first year at the other's end", {"A", "1", "1945", "1950"}, true, errato, inizio, "txtDaAnn");
-    riga("last year at the other's start", {"A", "1", "1925", "1931"}, true, errato, fine, "txtAAnn");
-    riga("both inside", {"A", "1", "1935", "1936"}, false, errato, inizio, "txtDaAnn");
-    riga("only the end inside", {"A", "1", "1930", "1965"}, false, errato, fine, "txtAAnn");
-    riga("encloses the other", {"A", "1", "1930", "1950"}, true);
-    riga("one year alone", {"A", "1", "1950", "1950"}, true);
-}
-
-void tst_Gruppi::verifica() {
-    QFETCH(QStringList, campi);
-    QFETCH(bool, automatica);
-    QFETCH(QString, titolo);
+    // Name, factor and years; whether crews are assigned by year; the refusal, none when there is no title.
+    const struct {
+        QStringList campi;
+        bool automatica;
+        QString titolo = "", testo = "", campo = "";
+    } casi[] = {{{"", "", "1950", ""}, true, aggiungere, senzaNome, "txtNom"},
+                {{"A", "", "1950", ""}, true, aggiungere, senzaFattore, "txtFat"},
+                {{"A", ",", "", ""}, false, aggiungere, senzaFattore, "txtFat"},
+                {{"A", "1", "", ""}, true, mancanti, perAnno, "txtDaAnn"},
+                {{"A", "1", "1950", " "}, true, mancanti, perAnno, "txtDaAnn"},
+                {{"A", "1,5", "", ""}, false},
+                {{"A", "1", "1950", ""}, false, mancanti, unoSolo, "txtDaAnn"},
+                {{"A", "1", "", "1950"}, false, mancanti, unoSolo, "txtDaAnn"},
+                {{"A", "1", "1946", "1940"}, false, "Anni Errati", inverso, "txtDaAnn"},
+                {{"A", "1", "1945", "1950"}, true, errato, inizio, "txtDaAnn"},
+                {{"A", "1", "1925", "1931"}, true, errato, fine, "txtAAnn"},
+                {{"A", "1", "1935", "1936"}, false, errato, inizio, "txtDaAnn"},
+                {{"A", "1", "1930", "1965"}, false, errato, fine, "txtAAnn"},
+                {{"A", "1", "1930", "1950"}, true},
+                {{"A", "1", "1950", "1950"}, true}};
     const QList<Gruppo> altri{{.nom = "Senza anni", .fat = "1"},
                               {.nom = "Post Vintage", .fat = "1", .daAnn = "1931", .aAnn = "1945"},
                               {.nom = "Post Classic", .fat = "1", .daAnn = "1961", .aAnn = "1970"}};
-    const std::optional<Rifiuto> rifiuto =
-        verificaGruppo({0, campi[0], campi[1], campi[2], campi[3]}, altri, automatica, Operazione::Aggiunta);
-    QCOMPARE(rifiuto.has_value(), !titolo.isEmpty());
-    if (!rifiuto)
-        return;
-    QCOMPARE(rifiuto->titolo, titolo);
-    QTEST(rifiuto->testo, "testo");
-    QTEST(rifiuto->campo, "campo");
-    QCOMPARE(rifiuto->icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
+    for (const auto& [campi, automatica, titolo, testo, campo] : casi) {
+        const Rifiuto rifiuto = verificaGruppo({0, campi[0], campi[1], campi[2], campi[3]}, altri, automatica,
+                                               Operazione::Aggiunta)
+                                    .value_or(Rifiuto());
+        QCOMPARE((QStringList{rifiuto.titolo, rifiuto.testo, rifiuto.campo}),
+                 (QStringList{titolo, testo, campo}));
+        QCOMPARE(rifiuto.icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
+    }
 }
 
 void tst_Gruppi::titoli() {

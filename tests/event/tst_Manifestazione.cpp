@@ -1,4 +1,3 @@
-#include "archive/Schema.h"
 #include "event/ManifestazioneAttiva.h"
 #include "event/NuovaManifestazione.h"
 #include "supporto/ProgrammaDiProva.h"
@@ -9,19 +8,10 @@ class tst_Manifestazione final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ogniColonnaHaUnaVoce();
     void massimoSpento();
     void vecchiaManifestazione();
     void elencoEdEliminazione();
 };
-
-void tst_Manifestazione::ogniColonnaHaUnaVoce() {
-    QStringList colonne;
-    for (const VoceManifestazione& voce : vociManifestazione())
-        colonne << voce.colonna;
-    for (const Colonna& colonna : trovaTabella(u"Manifestazioni")->colonne)
-        QCOMPARE(colonne.count(colonna.nome), QString(colonna.nome) == "IDMan" ? 0 : 1);
-}
 
 void tst_Manifestazione::massimoSpento() {
     const ProgrammaDiProva programma;

@@ -41,15 +41,14 @@ void tst_Media::calcoli() {
         {"15", "00:61:00", "", 'V', ""},
     };
     for (const auto& caso : casi) {
-        scrivi(&finestra, "s", caso.s);
-        scrivi(&finestra, "t", caso.t);
-        scrivi(&finestra, "v", caso.v);
+        const QString dati = QString("s=%1;t=%2;v=%3").arg(caso.s, caso.t, caso.v);
+        compila(&finestra, dati);
         if (!*caso.atteso)
             programma.dialoghi.attendiMessaggio("Impossibile Calcolare", "Dati Mancanti o Incorretti");
         premi(&finestra, QString("cmd") + caso.chiesto);
-        QVERIFY2(programma.dialoghi.finite(), qPrintable(QString(caso.s) + ' ' + caso.t + ' ' + caso.v));
+        QVERIFY2(programma.dialoghi.finite(), qPrintable(dati));
         if (*caso.atteso)
-            confronta(&finestra, {{QString(caso.chiesto.toLower()), caso.atteso}});
+            QCOMPARE(contenuto(&finestra, caso.chiesto.toLower()), QString(caso.atteso));
     }
 }
 

@@ -41,12 +41,16 @@ void nellaFiglia(Gesto gesto, Passi passi) {
     QVERIFY(aperta);
 }
 
-int conA(int idPro) {
-    return leggiValore("SELECT ConA FROM Prove WHERE IDPro=?", {idPro})->toInt();
+// "PenMax=300;DatVer=" as columns, Null where nothing follows.
+QVariantMap colonne(const QString& testo) {
+    QVariantMap valori;
+    for (const auto& [nome, valore] : campi(testo))
+        valori[nome] = valore.isEmpty() ? QVariant() : QVariant(valore);
+    return valori;
 }
 
-bool abilitato(QWidget* finestra, const QString& nome) {
-    return controllo<QWidget>(finestra, nome)->isEnabled();
+int conA(int idPro) {
+    return leggiValore("SELECT ConA FROM Prove WHERE IDPro=?", {idPro})->toInt();
 }
 
 }  // namespace
@@ -56,13 +60,11 @@ class tst_ModificaManifestazione final : public QObject {
 
 private Q_SLOTS:
     void caricaESalva();
-    void annulla();
     void senzaNome();
     void elenchiEFiglie();
     void gruppo();
     void squadra();
     void prova();
-    void provaAllaPartenza();
     void cambia();
     void proveSvolte();
 
@@ -87,52 +89,38 @@ void tst_ModificaManifestazione::caricaESalva() {
     nuovaManifestazione();
     nuovaProva({{"Tip", "CO"}});
     const int diAltra = nuovaProva({{"Tip", "CO"}, {"ConA", 1}});
-    const int id = nuovaManifestazione({{"ASIeNONASI", 1},
-                                        {"PrePANoASI", "DEC"},
-                                        {"PenUniPANoASI", 9},
-                                        {"PenMaxAtt", 1},
-                                        {"PenMax", 300},
-                                        {"PenMaxNoASI", 600},
-                                        {"FatNoASI", 1},
-                                        {"NumFatNoASI", 2.5},
-                                        {"PenProNonSvo", 1},
-                                        {"NumPenProNonSvo", 750},
-                                        {"DatVer", QVariant()},
-                                        {"PrePM", "ORA"},
-                                        {"RagAuto", QVariant()}});
+    const int id = nuovaManifestazione(colonne(
+        "ASIeNONASI=1;PrePANoASI=DEC;PenUniPANoASI=9;PenMaxAtt=1;PenMax=300;PenMaxNoASI=600;FatNoASI=1;"
+        "NumFatNoASI=2.5;PenProNonSvo=1;NumPenProNonSvo=750;PrePM=ORA;DatVer=;RagAuto="));
     const int primo = nuovaProva({{"Tip", "CO"}});
     const int secondo = nuovaProva({{"Tip", "CO"}, {"ConA", primo}});
     const int abilita = nuovaProva({{"ConA", secondo}});
-    frmModificaManifestazione finestra;
-    const QSignalSpy modificata(&finestra, &frmModificaManifestazione::manifestazioneModificata);
-    mostra(&finestra);
-    QCOMPARE(finestra.windowTitle(), QString("Modifica Manifestazione"));
-    confronta(&finestra, {{"txtNom", "Coppa delle Colline"},
-                          {"DaDat", "13/06/2026"},
-                          {"DatVer", "//"},
-                          {"txtMaxPen", "300"},
-                          {"txtMaxPenNoASI", "600"},
-                          {"txtNumFatNoASI", "2,5"},
-                          {"txtPenProNonSvo", "750"},
-                          {"txtPenUniPANoASI", "9"},
-                          {"cboPrePA", "CENTESIMO"},
-                          {"cboPrePM", ""},
-                          {"lblPenUniPA", "Penalità per Ogni CENTESIMO nelle P.A. : "},
-                          {"lblPenUniCO", "Penalità per Ogni MINUTO nei C.O. : "}});
-    QVERIFY(controllo(&finestra, "txtMaxPenNoASI")->isVisible());
-
-    scrivi(&finestra, "txtNom", "Coppa Nuova");
-    for (const char* combo : {"cboMaxPen", "cboPenProNonSvo", "cboFatNoASI"})
-        scegli(&finestra, combo, "NO");
-    premi(&finestra, "chkOpzASI_NONASI");
-    scegli(&finestra, "cboPrePM", "DECIMO");
-    confronta(&finestra, {{"lblPenUniPM", "Penalità per Ogni DECIMO nelle P.M.I. : "}});
-    controllo<QAbstractButton>(&finestra, "optCOPar")->click();
-    QCOMPARE(conA(secondo), primo);
-    programma.dialoghi.attendiAvviso("Manifestazione Modificata");
-    premi(&finestra, "cmdSalva");
-    QVERIFY(programma.dialoghi.finite());
-    QVERIFY(!finestra.isVisible());
+    const auto catene = [&] { return QList<int>{conA(diAltra), conA(secondo), conA(abilita)}; };
+    for (const bool salva : {false, true}) {
+        frmModificaManifestazione finestra;
+        const QSignalSpy modificata(&finestra, &frmModificaManifestazione::manifestazioneModificata);
+        mostra(&finestra);
+        QCOMPARE(finestra.windowTitle(), QString("Modifica Manifestazione"));
+        confronta(&finestra,
+                  "txtNom=Coppa delle Colline;DaDat=13/06/2026;DatVer=//;txtMaxPen=300;txtMaxPenNoASI=600;"
+                  "txtNumFatNoASI=2,5;txtPenProNonSvo=750;txtPenUniPANoASI=9;cboPrePA=CENTESIMO;cboPrePM=;"
+                  "optCOPar=NO;lblPenUniPA=Penalità per Ogni CENTESIMO nelle P.A. : ;"
+                  "lblPenUniCO=Penalità per Ogni MINUTO nei C.O. : ");
+        QVERIFY(controllo(&finestra, "txtMaxPenNoASI")->isVisible());
+        compila(&finestra,
+                "txtNom=Coppa Nuova;cboMaxPen=NO;cboPenProNonSvo=NO;cboFatNoASI=NO;chkOpzASI_NONASI=NO;"
+                "cboPrePM=DECIMO;optCOPar=SI");
+        confronta(&finestra, "lblPenUniPM=Penalità per Ogni DECIMO nelle P.M.I. : ");
+        QCOMPARE(catene(), (QList<int>{1, primo, secondo}));
+        if (salva)
+            programma.dialoghi.attendiAvviso("Manifestazione Modificata");
+        premi(&finestra, salva ? "cmdSalva" : "cmdAnnulla");
+        QVERIFY(programma.dialoghi.finite());
+        QVERIFY(!finestra.isVisible());
+        QCOMPARE(modificata.size(), salva ? 1 : 0);
+        if (salva)
+            QCOMPARE(modificata[0][0].toString(), QString("Coppa Nuova"));
+    }
     QCOMPARE(contaRighe("Manifestazioni",
                         QString("IDMan=%1 AND Nom='Coppa Nuova' AND PenMaxAtt=0 AND PenMax=0 AND "
                                 "PenProNonSvo=0 AND NumPenProNonSvo=0 AND FatNoASI=0 AND NumFatNoASI=0 AND "
@@ -141,24 +129,7 @@ void tst_ModificaManifestazione::caricaESalva() {
                             .arg(id)),
              1);
     // Only this event's time controls lose their chains.
-    QCOMPARE((QList<int>{conA(diAltra), conA(secondo), conA(abilita)}), (QList<int>{1, 0, secondo}));
-    QCOMPARE(modificata.size(), 1);
-    QCOMPARE(modificata[0][0].toString(), QString("Coppa Nuova"));
-}
-
-void tst_ModificaManifestazione::annulla() {
-    const ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const int primo = nuovaProva({{"Tip", "CO"}});
-    const int secondo = nuovaProva({{"Tip", "CO"}, {"ConA", primo}});
-    frmModificaManifestazione finestra;
-    mostra(&finestra);
-    scrivi(&finestra, "txtNom", "Altro");
-    controllo<QAbstractButton>(&finestra, "optCOPar")->click();
-    premi(&finestra, "cmdAnnulla");
-    QVERIFY(!finestra.isVisible());
-    QCOMPARE(conA(secondo), primo);
-    QCOMPARE(contaRighe("Manifestazioni", "Nom='Coppa delle Colline' AND TipoCO='CON'"), 1);
+    QCOMPARE(catene(), (QList<int>{1, 0, secondo}));
 }
 
 void tst_ModificaManifestazione::senzaNome() {
@@ -166,11 +137,10 @@ void tst_ModificaManifestazione::senzaNome() {
     nuovaManifestazione();
     frmModificaManifestazione finestra;
     mostra(&finestra);
-    scrivi(&finestra, "txtNom", "");
-    scrivi(&finestra, "ADat", "40/01/2026");
+    compila(&finestra, "txtNom=;ADat=40/01/2026");
     premi(&finestra, "cmdSalva");  // the date holds it
     QVERIFY(finestra.isVisible());
-    scrivi(&finestra, "ADat", "20/06/2026");
+    compila(&finestra, "ADat=20/06/2026");
     programma.dialoghi.attendiAvviso("Manifestazione Modificata");
     premi(&finestra, "cmdSalva");
     QCOMPARE(contaRighe("Manifestazioni", "Nom='' AND ADat='20/06/2026'"), 1);
@@ -185,24 +155,22 @@ void tst_ModificaManifestazione::elenchiEFiglie() {
     const int gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan}, {"Nom", "A"}, {"Fat", 1.5}});
     frmModificaManifestazione finestra;
     mostra(&finestra);
-    QCOMPARE(cella(&finestra, "lstProve", 0, 0), QString::number(prima));
-    QCOMPARE(cella(&finestra, "lstProve", 0, 6) + cella(&finestra, "lstProve", 1, 6), QString("NOSI"));
-    QCOMPARE(cella(&finestra, "lstRag", 0, 1) + cella(&finestra, "lstRag", 0, 2), QString("1,5"));
+    confronta(
+        &finestra,
+        QString("lstProve 0 0=%1;lstProve 0 6=NO;lstProve 1 6=SI;lstRag 0 1=1,5;lstRag 0 2=").arg(prima));
     programma.dialoghi.attendiMessaggio("Impossibile Attivare l'Opzione",
                                         "Sono Stati Già Inseriti dei Raggruppamenti Senza Anni.\n"
                                         "Inserire Tutti gli Anni Mancanti e Quindi Atrivare l'Opzione");
-    premi(&finestra, "chkRagAuto");
-    QVERIFY(!controllo<QAbstractButton>(&finestra, "chkRagAuto")->isChecked());
+    compila(&finestra, "chkRagAuto=SI");
+    confronta(&finestra, "chkRagAuto=NO");
     // A double click on a row, and on none.
     for (const int riga : {0, -1}) {
         nellaFiglia<frmModificaGruppo>([&] { doppioClic(&finestra, "lstRag", riga); },
                                        [&](QDialog* figlia) {
-                                           const bool presente = riga == 0;
                                            confronta(figlia,
-                                                     {{"lblIDRag", QString::number(presente ? gruppo : 0)},
-                                                      {"txtFat", presente ? "1,5" : ""}});
-                                           QCOMPARE(abilitato(figlia, "cmdMod"), presente);
-                                           QCOMPARE(abilitato(figlia, "cmdEli"), presente);
+                                                     riga == 0 ? QString("lblIDRag=%1;txtFat=1,5").arg(gruppo)
+                                                               : QString("lblIDRag=0;txtFat="));
+                                           abilitati(figlia, "cmdMod cmdEli", riga == 0);
                                        });
     }
     // By keyboard: Enter opens the row, Ins adds; what the child wrote is in the list when it has closed.
@@ -210,14 +178,12 @@ void tst_ModificaManifestazione::elenchiEFiglie() {
     prove->setFocus();
     prove->scegli(1);
     nellaFiglia<frmModificaProva>([&] { QTest::keyClick(prove, Qt::Key_Return); },
-                                  [&](QDialog* figlia) {
-                                      confronta(figlia, {{"txtNom", "Due"}});
-                                  });
+                                  [&](QDialog* figlia) { confronta(figlia, "txtNom=Due"); });
     auto* squadre = controllo<Elenco>(&finestra, "lstSqu");
     programma.dialoghi.attendiAvviso("Squadra Aggiunta");
     nellaFiglia<frmModificaSquadra>([&] { QTest::keyClick(squadre, Qt::Key_Insert); },
                                     [&](QDialog* figlia) {
-                                        scrivi(figlia, "txtNom", "Scuderia");
+                                        compila(figlia, "txtNom=Scuderia");
                                         premi(figlia, "cmdAgg");
                                     });
     QCOMPARE(squadre->topLevelItemCount(), 1);
@@ -233,12 +199,10 @@ void tst_ModificaManifestazione::gruppo() {
     const auto gruppoDelloEquipaggio = [] { return leggiValore("SELECT IDGru_FK FROM Equipaggi")->toInt(); };
     frmModificaGruppo finestra;
     mostra(&finestra);
-    scrivi(&finestra, "txtNom", "A");
-    scrivi(&finestra, "txtFat", "1");
+    compila(&finestra, "txtNom=A;txtFat=1");
     programma.dialoghi.attendiMessaggio("Anni Mancanti", QString());
     premi(&finestra, "cmdAgg");
-    scrivi(&finestra, "txtDaAnn", "1931");
-    scrivi(&finestra, "txtAAnn", "1945");
+    compila(&finestra, "txtDaAnn=1931;txtAAnn=1945");
     programma.dialoghi.attendiAvviso("Raggruppamento Aggiunto");
     premi(&finestra, "cmdAgg");
     QVERIFY(programma.dialoghi.finite());
@@ -246,12 +210,11 @@ void tst_ModificaManifestazione::gruppo() {
     QVERIFY(id != 0);
 
     riapri(finestra, id);
-    scrivi(&finestra, "txtNom", "");
+    compila(&finestra, "txtNom=");
     programma.dialoghi.attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome del Raggruppamento",
                                         Icona::Stop);
     premi(&finestra, "cmdMod");
-    scrivi(&finestra, "txtNom", "B");
-    scrivi(&finestra, "txtDaAnn", "1940");
+    compila(&finestra, "txtNom=B;txtDaAnn=1940");
     programma.dialoghi.attendiAvviso("Raggruppamento Modificato");
     premi(&finestra, "cmdMod");
     QCOMPARE(gruppoDelloEquipaggio(), 0);
@@ -289,10 +252,10 @@ void tst_ModificaManifestazione::squadra() {
     programma.dialoghi.attendiMessaggio("Impossbile Aggiungere", "Inserire il Nome della Squadra");
     premi(&finestra, "cmdAgg");
     finestra.carica(id);
-    scrivi(&finestra, "txtNom", "");
+    compila(&finestra, "txtNom=");
     programma.dialoghi.attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome della Squadra");
     premi(&finestra, "cmdMod");
-    scrivi(&finestra, "txtNom", "Dell'Est");
+    compila(&finestra, "txtNom=Dell'Est");
     programma.dialoghi.attendiAvviso("Squadra Modificata");
     premi(&finestra, "cmdMod");
     QCOMPARE(contaRighe("Squadre", QString("IDSqu=%1 AND Nom='Dell''Est'").arg(id)), 1);
@@ -310,18 +273,13 @@ void tst_ModificaManifestazione::prova() {
     const int prima = nuovaProva();
     frmModificaProva finestra;
     mostra(&finestra);
-    QVERIFY(!abilitato(&finestra, "cmdMod"));
-    confronta(&finestra, {{"Dat", "13/06/2026"}});
-    programma.dialoghi.attendiMessaggio("Impossibile Aggiungere", "Inserire il Tempo Imposto della Prova",
-                                        Icona::Stop);
-    premi(&finestra, "cmdAgg");
-    scegli(&finestra, "cboPro", "CO");
-    scegli(&finestra, "cboCon", "SI");
-    scrivi(&finestra, "txtTem", "01:00:00");
+    abilitati(&finestra, "cmdMod cmdEli", false);
+    confronta(&finestra, "Dat=13/06/2026");
+    compila(&finestra, "cboPro=CO;cboCon=SI;txtTem=01:00:00");
     programma.dialoghi.attendiMessaggio(
         "Impossibile Aggiungere", "Il Primo CO non può Essere\nConcatenato con il Precedente", Icona::Stop);
     premi(&finestra, "cmdAgg");
-    scegli(&finestra, "cboPro", "PM");
+    compila(&finestra, "cboPro=PM");
     programma.dialoghi.attendiAvviso("Prova Aggiunta");
     premi(&finestra, "cmdAgg");
     const int seconda = leggiValore("SELECT max(IDPro) FROM Prove")->toInt();
@@ -329,40 +287,32 @@ void tst_ModificaManifestazione::prova() {
     const int rilevamenti = contaRighe("Rilevamenti");
 
     riapri(finestra, seconda);
-    confronta(&finestra, {{"cboCon", "SI"}});
-    scrivi(&finestra, "txtNom", "Collina");
-    scegli(&finestra, "cboCon", "NO");
+    confronta(&finestra, "cboCon=SI");
+    compila(&finestra, "txtNom=Collina;cboCon=NO");
     programma.dialoghi.attendiAvviso("Prova Modificata");
     premi(&finestra, "cmdMod");
     QCOMPARE(contaRighe("Prove", "Nom='Collina' AND ConA=0 AND Tip='PM'"), 1);
     QCOMPARE(contaRighe("Rilevamenti"), rilevamenti);
 
     riapri(finestra, seconda);
-    scrivi(&finestra, "txtNom", "Altro");
+    compila(&finestra, "txtNom=Altro");
     elimina(programma, &finestra, "Prove", "Eliminare la Prova Collina ?", "Prova Eliminata");
     QCOMPARE(contaRighe("Rilevamenti"), rilevamenti - 2);
-    // The first cannot be chained.
+    // The first cannot be chained; nor can a time control, when they are measured from the start.
     riapri(finestra, prima);
-    scegli(&finestra, "cboCon", "SI");
+    compila(&finestra, "cboCon=SI");
     programma.dialoghi.attendiMessaggio("Impossibile Aggiungere",
                                         "La Prima Prova non può Essere\nConcatenata con la Precedente",
                                         Icona::Stop);
     premi(&finestra, "cmdMod");
     QVERIFY(programma.dialoghi.finite());
-}
-
-void tst_ModificaManifestazione::provaAllaPartenza() {
-    const ProgrammaDiProva programma;
-    nuovaManifestazione({{"TipoCO", "PAR"}});
-    const int primo = nuovaProva({{"Tip", "CO"}});
-    const int secondo = nuovaProva({{"Tip", "CO"}, {"ConA", primo}});
-    frmModificaProva finestra;
-    finestra.carica(secondo);
-    mostra(&finestra);
-    confronta(&finestra, {{"cboCon", "NO"}});
-    QVERIFY(!abilitato(&finestra, "cboCon"));
-    scegli(&finestra, "cboPro", "PA");
-    QVERIFY(abilitato(&finestra, "cboCon"));
+    esegui("UPDATE Manifestazioni SET TipoCO='PAR'");
+    frmModificaProva allaPartenza;
+    riapri(allaPartenza, nuovaProva({{"Tip", "CO"}, {"ConA", prima}}));
+    confronta(&allaPartenza, "cboCon=NO");
+    abilitati(&allaPartenza, "cboCon", false);
+    compila(&allaPartenza, "cboPro=PA");
+    abilitati(&allaPartenza, "cboCon", true);
 }
 
 void tst_ModificaManifestazione::cambia() {
@@ -380,9 +330,8 @@ void tst_ModificaManifestazione::cambia() {
     frmCambiaManifestazione finestra;
     const QSignalSpy attivata(&finestra, &frmCambiaManifestazione::manifestazioneAttivata);
     mostra(&finestra);
-    QCOMPARE(cella(&finestra, "lstMan", 0, 0), QString::number(seconda));
-    QCOMPARE(cella(&finestra, "lstMan", 0, 2), QString("Canelli"));
-    QCOMPARE(cella(&finestra, "lstMan", 1, 3), QString("13/06/2026 - 14/06/2026"));
+    confronta(&finestra,
+              QString("lstMan 0 0=%1;lstMan 0 2=Canelli;lstMan 1 3=13/06/2026 - 14/06/2026").arg(seconda));
     premi(&finestra, "cmdSeleziona");
     QVERIFY(finestra.isVisible());
     QCOMPARE(IDMan, seconda);
