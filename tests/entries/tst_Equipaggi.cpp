@@ -44,12 +44,12 @@ QVariantMap riga(int idEqu) {
     lettura.esegui({idEqu}).prossima();
     QVariantMap valori;
     for (const ColonnaEquipaggio& colonna : colonneEquipaggio())
-        valori[colonna.nome] = lettura.valore(QString::fromLatin1(colonna.nome));
+        valori[colonna.nome] = lettura.valore(QString(colonna.nome));
     return valori;
 }
 
 int rilevamenti(int idEqu) {
-    return contaRighe("Rilevamenti", QStringLiteral("IDEqu_FK=%1").arg(idEqu));
+    return contaRighe("Rilevamenti", QString("IDEqu_FK=%1").arg(idEqu));
 }
 
 // What a killed process was doing: storing a crew on the archive of the test that started it.
@@ -95,10 +95,10 @@ void tst_Equipaggi::inserimentoCompleto() {
     ProgrammaDiProva programma;
     nuovaManifestazione();
     const QVariantMap valori = riga(inserisciEquipaggio(Completa));
-    QCOMPARE(valori["Tel"].toString(), QStringLiteral("333"));
+    QCOMPARE(valori["Tel"].toString(), QString("333"));
     QVERIFY(valori["Cel"].isNull());
-    QCOMPARE(valori["DatNas"].toString(), QStringLiteral("1950-02-01"));
-    QCOMPARE(valori["ScaPat"].toString(), QStringLiteral("2028-12-31"));
+    QCOMPARE(valori["DatNas"].toString(), QString("1950-02-01"));
+    QCOMPARE(valori["ScaPat"].toString(), QString("2028-12-31"));
     QVERIFY(valori["ScaPol"].isNull());
     QCOMPARE(valori["Ann"].typeId(), static_cast<int>(QMetaType::LongLong));
     for (auto voce = Completa.cbegin(); voce != Completa.cend(); ++voce) {
@@ -112,7 +112,7 @@ void tst_Equipaggi::riscrittura() {
     nuovaManifestazione();
     const int id = inserisciEquipaggio(Completa);
     SchedaEquipaggio testi = leggiEquipaggio(id);
-    QCOMPARE(testi["DatNas"], QStringLiteral("01/02/1950"));
+    QCOMPARE(testi["DatNas"], QString("01/02/1950"));
     // A form with fewer controls leaves the rest of the crew as it is.
     QVariantMap attesi = riga(id);
     aggiornaEquipaggio(id, {{"Num", "14"}, {"Cel", "347"}});
@@ -132,7 +132,7 @@ void tst_Equipaggi::riscrittura() {
             QVERIFY2(valore.isNull(), colonna.nome);
     }
     QCOMPARE(valori["Num"].toInt(), 13);
-    QCOMPARE(valori["Ses"].toString() + valori["SesNav"].toString(), QStringLiteral("MF"));
+    QCOMPARE(valori["Ses"].toString() + valori["SesNav"].toString(), QString("MF"));
     QVERIFY_EXCEPTION_THROWN(aggiornaEquipaggio(id + 1, testi), ErroreArchivio);
     QVERIFY_EXCEPTION_THROWN(leggiEquipaggio(id + 1), ErroreArchivio);
 }
@@ -156,10 +156,10 @@ void tst_Equipaggi::numeri() {
 }
 
 void tst_Equipaggi::maschere() {
-    QCOMPARE(dataPerMaschera("1950-02-01"), QStringLiteral("01/02/1950"));
-    QCOMPARE(dataPerMaschera("0050-02-01"), QStringLiteral("01/02/0050"));
-    QCOMPARE(dataPerMaschera("01/02/50"), QStringLiteral("01/02/0050"));
-    QCOMPARE(dataPerMaschera("01/02/"), QStringLiteral("01/02/0000"));
+    QCOMPARE(dataPerMaschera("1950-02-01"), QString("01/02/1950"));
+    QCOMPARE(dataPerMaschera("0050-02-01"), QString("01/02/0050"));
+    QCOMPARE(dataPerMaschera("01/02/50"), QString("01/02/0050"));
+    QCOMPARE(dataPerMaschera("01/02/"), QString("01/02/0000"));
 }
 
 void tst_Equipaggi::copia() {

@@ -21,7 +21,7 @@ private Q_SLOTS:
 private:
     template <typename Controllo>
     Controllo* trova(const char* nome) {
-        return m_finestra->findChild<Controllo*>(QString::fromLatin1(nome));
+        return m_finestra->findChild<Controllo*>(QString(nome));
     }
     void clic(const char* nome) { QTest::mouseClick(trova<QPushButton>(nome), Qt::LeftButton); }
     QTreeWidget* lista() { return trova<QTreeWidget>("lstEqu"); }
@@ -59,13 +59,13 @@ void tst_RicercaAnagrafica::cleanup() {
 }
 
 void tst_RicercaAnagrafica::elenco() {
-    QCOMPARE(lista()->headerItem()->text(0), QStringLiteral("Coducente"));
+    QCOMPARE(lista()->headerItem()->text(0), QString("Coducente"));
     QCOMPARE(lista()->topLevelItemCount(), 5);
     QCOMPARE(riga(0), (QStringList{"D'Angelo Ada", "BIANCHI Anna", "LANCIA APRILIA", "1955", "Seconda"}));
-    QCOMPARE(riga(1).constFirst(), QStringLiteral("rossi Aldo"));
+    QCOMPARE(riga(1).constFirst(), QString("rossi Aldo"));
     QCOMPARE(riga(2), (QStringList{"ROSSI Mario", " ", "LANCIA APRILIA", "1955", "Seconda"}));
     QCOMPARE(riga(3), (QStringList{"Zeta Ugo", "BIANCHI Anna", "LANCIA APRILIA", "", "Prima"}));
-    QCOMPARE(riga(4).constLast(), QStringLiteral("Seconda"));
+    QCOMPARE(riga(4).constLast(), QString("Seconda"));
     QVERIFY(lista()->isColumnHidden(5));
 }
 

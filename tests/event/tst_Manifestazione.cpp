@@ -8,19 +8,9 @@ class tst_Manifestazione final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void massimoSpento();
     void vecchiaManifestazione();
     void elencoEdEliminazione();
 };
-
-void tst_Manifestazione::massimoSpento() {
-    const ProgrammaDiProva programma;
-    DatiManifestazione dati = datiIniziali();
-    dati.insert({{"PenMax", "300"}, {"ASIeNONASI", "SI"}, {"PenUniPANoASI", "7"}, {"PenMaxNoASI", "900"}});
-    const QVariantMap colonne = colonneManifestazione(dati, Scrittura::Nuova);
-    QVERIFY(!colonne.contains("PenMaxNoASI") && !colonne.contains("PenMax"));
-    QCOMPARE(colonne["PenUniPANoASI"].toInt(), 7);
-}
 
 void tst_Manifestazione::vecchiaManifestazione() {
     const ProgrammaDiProva programma;
