@@ -18,6 +18,7 @@ class ModuloDiProva {
 protected:
     static constexpr char Impossibile[] = "Impossbile Salvare";
     static constexpr char Assegnato[] = "Numero Già Assegnato";
+    static constexpr char AnnoErrato[] = "Anno NON Valido";
     static constexpr char SenzaNumero[] = "Inserire il Numero dell'Equipaggio";
     // The ways to leave the crew in the middle of the list.
     static constexpr const char* Uscite[] = {"cmdPrimo", "cmdPrecedente", "cmdSuccessivo", "cmdUltimo",
@@ -38,7 +39,7 @@ protected:
 
     template <typename Controllo>
     Controllo* trova(const char* nome) {
-        return m_finestra->findChild<Controllo*>(QString::fromLatin1(nome));
+        return m_finestra->findChild<Controllo*>(QString(nome));
     }
     QLineEdit* box(const char* nome) { return trova<QLineEdit>(nome); }
     QComboBox* combo(const char* nome) { return trova<QComboBox>(nome); }
@@ -46,7 +47,9 @@ protected:
     QString testo(const char* nome) { return box(nome)->text(); }
     int rigaScelta() { return lista()->currentIndex().row(); }
     void clic(const char* nome) { QTest::mouseClick(trova<QPushButton>(nome), Qt::LeftButton); }
-    void esci(const char* uscita) { qstrcmp(uscita, "list") == 0 ? clicRiga(0) : clic(uscita); }
+    void esci(const char* uscita, int riga = 0) {
+        qstrcmp(uscita, "list") == 0 ? clicRiga(riga) : clic(uscita);
+    }
     void attendi(const char* titolo, const char* testo) {
         m_programma->dialoghi.attendiMessaggio(QString::fromUtf8(titolo), QString::fromUtf8(testo));
     }
@@ -76,16 +79,27 @@ protected:
                           QPoint(testata->sectionViewportPosition(colonna) + 10, testata->height() / 2));
     }
 
-    // The second crew was not left, and the box that says why has come.
-    void resta(const char* uscita) {
-        QVERIFY2(m_programma->dialoghi.finite(), uscita);
-        QVERIFY2(m_finestra->isVisible() && !inserimento() && rigaScelta() == 1, uscita);
-    }
-
     void scrivi(const char* nome, const QString& testo) {
         box(nome)->setFocus();
         box(nome)->selectAll();
+        QTest::keyClick(box(nome), Qt::Key_Delete);
         QTest::keyClicks(box(nome), testo);
+    }
+
+    // "txtTel=333;cboSes=F;chkEsc=SI" against what the controls show.
+    void confronta(const QString& attesi) {
+        QStringList trovati;
+        for (const QString& voce : attesi.split(';')) {
+            const QString nome = voce.section('=', 0, 0);
+            const auto* quale = m_finestra->findChild<QWidget*>(nome);
+            const bool spunta = nome.startsWith("chk");
+            const char* proprieta = spunta                   ? "checked"
+                                    : nome.startsWith("cbo") ? "currentText"
+                                                             : "displayText";
+            const QVariant valore = quale->property(proprieta);
+            trovati << nome + '=' + (spunta ? QString(valore.toBool() ? "SI" : "NO") : valore.toString());
+        }
+        QCOMPARE(trovati.join(';'), attesi);
     }
 
     // Whether a new crew is being typed; every control must agree on it.

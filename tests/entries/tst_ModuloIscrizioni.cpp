@@ -1,29 +1,22 @@
 #include "ModuloDiProva.h"
 
-#include <functional>
-#include <QLabel>
-
 class tst_ModuloIscrizioni final : public QObject, private ModuloDiProva {
     Q_OBJECT
 
 private Q_SLOTS:
     void init() { comincia(); }
     void cleanup() { finisci(); }
-    void colonneEControlli();
     void eventoVuoto();
     void salvataggio();
     void soloTastiera();
     void mostra();
     void riscrittura();
     void nonSiLascia();
-    void navigazione();
     void elenco();
     void ordinamento();
     void abbandono();
     void eliminazione();
-    void eliminaUnico();
     void discoPieno();
-    void archivioGuastoInUscita();
 
 private:
     void attendiEliminazione(bool si) {
@@ -35,28 +28,12 @@ private:
     }
 };
 
-void tst_ModuloIscrizioni::colonneEControlli() {
-    apri();
-    QCOMPARE(m_finestra->windowTitle(), QStringLiteral("Modulo Iscrizioni"));
-    for (const ColonnaEquipaggio& colonna : colonneEquipaggio())
-        QVERIFY2(trova<QWidget>(colonna.controllo), colonna.controllo);
-    const QList<QLabel*> etichette = m_finestra->findChildren<QLabel*>();
-    for (const QLabel* etichetta : etichette)
-        QVERIFY2(etichetta->buddy(), qPrintable(etichetta->text()));
-    for (const auto& [nome, suggerimento] :
-         {std::pair{"cmdPrimo", "Primo Equipaggio"}, std::pair{"cmdPrecedente", "Equipaggio Precedente"},
-          std::pair{"cmdSuccessivo", "Equipaggio Successivo"}, std::pair{"cmdUltimo", "Ultimo Equipaggio"},
-          std::pair{"cmdNuovo", "Nuovo Equipaggio"}, std::pair{"cmdElimina", "Elimina Equipaggio"}})
-        QCOMPARE(trova<QPushButton>(nome)->toolTip(), QString::fromLatin1(suggerimento));
-}
-
 void tst_ModuloIscrizioni::eventoVuoto() {
     apri();
+    QCOMPARE(m_finestra->windowTitle(), QString("Modulo Iscrizioni"));
     QVERIFY(inserimento());
     QCOMPARE(QApplication::focusWidget(), box("txtNum"));
-    QCOMPARE(combo("cboGruppo")->currentText(), QStringLiteral("Nessuno"));
-    QCOMPARE(combo("cboSes")->currentIndex(), -1);
-    QCOMPARE(box("txtDatNas")->displayText(), QStringLiteral("__/__/____"));
+    confronta("cboGruppo=Nessuno;cboSes=;txtDatNas=__/__/____");
     for (int i = 0; i < 2; ++i) {
         attendi("Impossibile Uscire Adesso", "Salvare o Annullare l'Inserimento dell'Equipaggio");
         i == 0 ? clic("cmdEsci") : QTest::keyClick(m_finestra.get(), Qt::Key_Escape);
@@ -71,12 +48,12 @@ void tst_ModuloIscrizioni::salvataggio() {
     apriConEquipaggi();
     clic("cmdNuovo");
     QVERIFY(inserimento());
-    attendi(Impossibile, SenzaNumero);
-    clic("cmdSalva");
-    scrivi("txtNum", "12");
-    attendi(Impossibile, Assegnato);
-    clic("cmdSalva");
-    QVERIFY(m_programma->dialoghi.finite() && inserimento());
+    for (const auto& [numero, motivo] : {std::pair{"", SenzaNumero}, std::pair{"12", Assegnato}}) {
+        scrivi("txtNum", numero);
+        attendi(Impossibile, motivo);
+        clic("cmdSalva");
+        QVERIFY(m_programma->dialoghi.finite() && inserimento());
+    }
     scrivi("txtNum", "7");
     scrivi("txtTel", "011");
     scrivi("txtCel", "333");
@@ -87,17 +64,13 @@ void tst_ModuloIscrizioni::salvataggio() {
     QCOMPARE(righe(), (QStringList{"3 VERDI Ada", "7  ", "12 BRUNI Leo", "20 ABATE Ugo"}));
     QCOMPARE(rigaScelta(), 1);
     QCOMPARE(QApplication::focusWidget(), box("txtNum"));
-    QCOMPARE(testo("txtTel"), QStringLiteral("333"));
-    QCOMPARE(testo("txtCel"), QString());
-    QCOMPARE(combo("cboSesNav")->currentText(), QStringLiteral("F"));
+    confronta("txtTel=333;txtCel=;cboSesNav=F;chkEsc=SI");
     const QString suo = "IDEqu_FK=" + testo("txtIDEqu");
-    QCOMPARE(contaRighe("Rilevamenti", suo), 2);
-    QCOMPARE(contaRighe("Rilevamenti", suo + " AND TPar='' AND TArr=''"), 2);
-
     scrivi("txtCel", "347");
     clic("cmdSuccessivo");
     QCOMPARE(contaRighe("Equipaggi", "Num=7 AND Tel='333' AND Cel='347' AND Esc=1"), 1);
     QCOMPARE(contaRighe("Rilevamenti", suo), 2);
+    QCOMPARE(contaRighe("Rilevamenti", suo + " AND TPar='' AND TArr=''"), 2);
 }
 
 void tst_ModuloIscrizioni::soloTastiera() {
@@ -133,22 +106,13 @@ void tst_ModuloIscrizioni::soloTastiera() {
 void tst_ModuloIscrizioni::mostra() {
     const int gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan}, {"Nom", "Classic"}, {"Fat", 1}});
     const int squadra = inserisciRiga("Squadre", {{"IDMan_FK", IDMan}, {"Nom", "Rossa"}});
-    nuovoEquipaggio(1, {{"IDGru_FK", gruppo},
-                        {"IDSqu_FK", squadra},
-                        {"Ses", "m"},
-                        {"SesNav", "x"},
-                        {"DatNas", "1950-02-01"},
-                        {"CAP", "D-80331"},
-                        {"Cil", 1298.5},
-                        {"Esc", 1}});
+    const QVariantMap suoi{{"IDGru_FK", gruppo},     {"IDSqu_FK", squadra}, {"Ses", "m"},    {"SesNav", "x"},
+                           {"DatNas", "1950-02-01"}, {"CAP", "D-80331"},    {"Cil", 1298.5}, {"Esc", 1}};
+    nuovoEquipaggio(1, suoi);
     apri();
-    QCOMPARE(combo("cboGruppo")->currentText(), QStringLiteral("Classic"));
-    QCOMPARE(combo("cboSquadra")->currentText(), QStringLiteral("Rossa"));
-    QCOMPARE(combo("cboSes")->currentText(), QStringLiteral("M"));
-    QCOMPARE(combo("cboSesNav")->currentIndex(), -1);
-    QCOMPARE(testo("txtDatNas"), QStringLiteral("01/02/1950"));
-    QCOMPARE(box("txtScaPat")->displayText(), QStringLiteral("__/__/____"));
-    QVERIFY(trova<QCheckBox>("chkEsc")->isChecked());
+    confronta(
+        "cboGruppo=Classic;cboSquadra=Rossa;cboSes=M;cboSesNav=;txtDatNas=01/02/1950;"
+        "txtScaPat=__/__/____;chkEsc=SI");
     // Looking at a crew changes nothing of what the archive holds in another form.
     clic("cmdEsci");
     QCOMPARE(contaRighe("Equipaggi", "CAP='D-80331' AND Cil=1298.5 AND SesNav='x' AND DatNas='1950-02-01'"),
@@ -157,21 +121,17 @@ void tst_ModuloIscrizioni::mostra() {
 
 void tst_ModuloIscrizioni::riscrittura() {
     apriConEquipaggi();
-    const std::function<void()> uscite[] = {[this] { clic("cmdSuccessivo"); }, [this] { clicRiga(2); },
-                                            [this] {
-                                                clic("cmdNuovo");
-                                                clic("cmdAnnulla");
-                                            },
-                                            [this] { m_finestra->close(); }};
     int numero = 100;
-    for (const auto& uscita : uscite) {
-        clicRiga(0);
+    for (const char* uscita : {"cmdSuccessivo", "list", "cmdNuovo", "close"}) {
+        clicRiga(1);
+        clic("cmdPrimo");
         scrivi("txtNum", QString::number(++numero));
         scrivi("txtTes", QString::number(numero));
-        uscita();
-        QCOMPARE(righe().constFirst(), QStringLiteral("%1 VERDI Ada").arg(numero));
-        QCOMPARE(contaRighe("Equipaggi", QStringLiteral("Num=%1 AND Tes='%1' AND Cog='VERDI'").arg(numero)),
-                 1);
+        qstrcmp(uscita, "close") == 0 ? void(m_finestra->close()) : esci(uscita, 2);
+        if (inserimento())
+            clic("cmdAnnulla");
+        QCOMPARE(righe().constFirst(), QString("%1 VERDI Ada").arg(numero));
+        QCOMPARE(contaRighe("Equipaggi", QString("Num=%1 AND Tes='%1' AND Cog='VERDI'").arg(numero)), 1);
     }
     QVERIFY(!m_finestra->isVisible());
 }
@@ -180,50 +140,68 @@ void tst_ModuloIscrizioni::nonSiLascia() {
     apriConEquipaggi();
     clicRiga(1);
     scrivi("txtTes", "T5");
-    const std::pair<const char*, const char*> casi[] = {
-        {"20", Assegnato}, {"", SenzaNumero}, {"99999999999", "Numero dell'Equipaggio Troppo Grande"}};
-    for (const char* uscita : Uscite) {
-        for (const auto& [numero, motivo] : casi) {
-            box("txtNum")->setText(numero);
-            attendi(Impossibile, motivo);
+    const struct {
+        const char *campo, *valore, *titolo, *testo;
+    } casi[] = {{"txtNum", "20", Impossibile, Assegnato},
+                {"txtNum", "", Impossibile, SenzaNumero},
+                {"txtNum", "99999999999", Impossibile, "Numero dell'Equipaggio Troppo Grande"},
+                {"txtAnn", "1700", AnnoErrato, "Anno NON Valido. Controllare."},
+                {"txtTes", "T9", "Velmora", nullptr}};  // the archive refuses the write
+    for (const auto& caso : casi) {
+        const QString prima = testo(caso.campo);
+        if (!caso.testo)
+            esegui(
+                "CREATE TRIGGER guasto BEFORE UPDATE ON Equipaggi BEGIN SELECT RAISE(ABORT,'guasto'); END");
+        for (const char* uscita : Uscite) {
+            box(caso.campo)->setFocus();
+            box(caso.campo)->setText(caso.valore);
+            m_programma->dialoghi.attendiMessaggio(caso.titolo, QString::fromUtf8(caso.testo),
+                                                   caso.testo ? Icona::Esclamazione : Icona::Stop);
             esci(uscita);
-            resta(uscita);
-            QCOMPARE(testo("txtNum") + testo("txtTes"), QString::fromLatin1(numero) + "T5");
-            QCOMPARE(contaRighe("Equipaggi", "Num=12 AND Tes IS NULL"), 1);
+            QVERIFY2(m_programma->dialoghi.finite(), uscita);
+            QVERIFY2(m_finestra->isVisible() && !inserimento() && rigaScelta() == 1, uscita);
+            QCOMPARE(testo(caso.campo), QString(caso.valore));
+            QCOMPARE(testo("txtTes"), caso.testo ? "T5" : "T9");
+            QCOMPARE(QApplication::focusWidget() == box("txtAnn"), caso.titolo == AnnoErrato);
+            QCOMPARE(contaRighe("Equipaggi", "Num=12 AND Ann=1935 AND Tes IS NULL"), 1);
         }
+        if (caso.testo)
+            box(caso.campo)->setText(prima);
     }
-}
-
-void tst_ModuloIscrizioni::navigazione() {
-    apriConEquipaggi();
-    const std::pair<const char*, const char*> passi[] = {
-        {"cmdPrecedente", "VERDI"}, {"cmdSuccessivo", "BRUNI"}, {"cmdSuccessivo", "ABATE"},
-        {"cmdSuccessivo", "ABATE"}, {"cmdPrecedente", "BRUNI"}, {"cmdPrimo", "VERDI"},
-        {"cmdUltimo", "ABATE"}};
-    QCOMPARE(testo("txtCog"), QStringLiteral("VERDI"));
-    for (const auto& [pulsante, atteso] : passi) {
-        clic(pulsante);
-        QCOMPARE(testo("txtCog"), QString::fromLatin1(atteso));
-        QVERIFY(lista()->currentItem()->text(2).startsWith(QLatin1String(atteso)));
-    }
+    esegui("DROP TRIGGER guasto");
+    // A year that came from elsewhere is no matter of a click that leads away from another field.
+    esegui("UPDATE Equipaggi SET Ann=1700 WHERE Num=3");
+    clicRiga(0);
+    QCOMPARE(testo("txtAnn"), QString("1700"));
+    clic("cmdEsci");
+    QVERIFY(!m_finestra->isVisible());
+    QCOMPARE(contaRighe("Equipaggi", "Tes='T9' AND Cog='BRUNI'"), 1);
 }
 
 void tst_ModuloIscrizioni::elenco() {
     apriConEquipaggi();
     QCOMPARE(righe(), (QStringList{"3 VERDI Ada", "12 BRUNI Leo", "20 ABATE Ugo"}));
     QVERIFY(lista()->isColumnHidden(0));
+    for (const auto& [pulsante, atteso] :
+         {std::pair{"cmdPrecedente", "VERDI"}, std::pair{"cmdSuccessivo", "BRUNI"},
+          std::pair{"cmdUltimo", "ABATE"}, std::pair{"cmdSuccessivo", "ABATE"},
+          std::pair{"cmdPrecedente", "BRUNI"}, std::pair{"cmdPrimo", "VERDI"}}) {
+        clic(pulsante);
+        QCOMPARE(testo("txtCog"), QString(atteso));
+        QVERIFY(lista()->currentItem()->text(2).startsWith(atteso));
+    }
     lista()->setFocus();
     QTest::keyClick(lista(), Qt::Key_Down);
-    QTRY_COMPARE(testo("txtCog"), QStringLiteral("BRUNI"));
+    QTRY_COMPARE(testo("txtCog"), QString("BRUNI"));
     QTest::keyClick(lista(), Qt::Key_End);
-    QTRY_COMPARE(testo("txtCog"), QStringLiteral("ABATE"));
+    QTRY_COMPARE(testo("txtCog"), QString("ABATE"));
     // A refusal takes the list back to the crew on show.
     box("txtNum")->clear();
     attendi(Impossibile, SenzaNumero);
     QTest::keyClick(lista(), Qt::Key_Up);
     QTRY_VERIFY(m_programma->dialoghi.viste().size() == 1);
     QCOMPARE(rigaScelta(), 2);
-    QCOMPARE(testo("txtCog"), QStringLiteral("ABATE"));
+    QCOMPARE(testo("txtCog"), QString("ABATE"));
 }
 
 void tst_ModuloIscrizioni::ordinamento() {
@@ -232,9 +210,9 @@ void tst_ModuloIscrizioni::ordinamento() {
     clicRiga(1);
     clicTestata(2);
     QCOMPARE(righe(), (QStringList{"20 ABATE Ugo", "12 BRUNI Leo", "100 carli Pia", "3 VERDI Ada"}));
-    QCOMPARE(testo("txtCog"), QStringLiteral("BRUNI"));
+    QCOMPARE(testo("txtCog"), QString("BRUNI"));
     clic("cmdPrecedente");
-    QCOMPARE(testo("txtCog"), QStringLiteral("ABATE"));
+    QCOMPARE(testo("txtCog"), QString("ABATE"));
     // The crew on show stays the same though its number was changed to that of another.
     scrivi("txtNum", "3");
     clicTestata(1);
@@ -260,19 +238,21 @@ void tst_ModuloIscrizioni::abbandono() {
     scrivi("txtAnn", "1700");  // abandoned, so not checked either
     clic("cmdAnnulla");
     QVERIFY(!inserimento());
-    QCOMPARE(testo("txtCog"), QStringLiteral("BRUNI"));
-    QCOMPARE(testo("txtAnn"), QStringLiteral("1935"));
+    confronta("txtNum=12;txtCog=BRUNI;txtAnn=1935");
     QCOMPARE(rigaScelta(), 1);
     QCOMPARE(QApplication::focusWidget(), box("txtNum"));
     QCOMPARE(contaRighe("Equipaggi"), 3);
 }
 
 void tst_ModuloIscrizioni::eliminazione() {
-    nuovoEquipaggio(30, {{"Cog", "CARLI"}});
+    const int prezzo = inserisciRiga("Prezzi", {{"IDMan_FK", IDMan}});
+    inserisciRiga("Incassi", {{"IDEqu_FK", nuovoEquipaggio(30, {{"Cog", "CARLI"}})}, {"IDPre_FK", prezzo}});
     apriConEquipaggi();
     // Row deleted, and who is on show then: VERDI, BRUNI, ABATE, CARLI at first.
     int restano = 4;
-    for (const auto& [riga, poi] : {std::pair{1, "VERDI"}, std::pair{2, "ABATE"}, std::pair{0, "ABATE"}}) {
+    for (const auto& [riga, poi] :
+         {std::pair{1, "VERDI"}, std::pair{2, "ABATE"}, std::pair{0, "ABATE"}, std::pair{0, ""}}) {
+        QCOMPARE(contaRighe("Incassi"), restano > 2 ? 1 : 0);
         clicRiga(riga);
         const QString id = testo("txtIDEqu");
         for (const bool si : {false, true}) {
@@ -283,32 +263,24 @@ void tst_ModuloIscrizioni::eliminazione() {
         QCOMPARE(contaRighe("Rilevamenti", "IDEqu_FK=" + id), 0);
         QCOMPARE(contaRighe("Rilevamenti"), --restano * 2);
         QCOMPARE(lista()->topLevelItemCount(), restano);
-        QCOMPARE(testo("txtCog"), QString::fromLatin1(poi));
-        QVERIFY(lista()->currentItem()->text(2).startsWith(QLatin1String(poi)));
+        QCOMPARE(testo("txtCog"), QString(poi));
+        QVERIFY(restano == 0 || lista()->currentItem()->text(2).startsWith(poi));
     }
-    QCOMPARE(m_programma->dialoghi.viste().constLast().icona, Icona::Domanda);
-}
-
-void tst_ModuloIscrizioni::eliminaUnico() {
-    nuovoEquipaggio(1, {{"DatNas", "1950-02-01"}});
-    apri();
-    attendiEliminazione(true);
-    clic("cmdElimina");
     QVERIFY(!inserimento());
-    QCOMPARE(testo("txtNum") + testo("txtCog") + testo("txtIDEqu"), QString());
-    QCOMPARE(box("txtDatNas")->displayText(), QStringLiteral("__/__/____"));
+    confronta("txtNum=;txtCog=;txtIDEqu=;txtDatNas=__/__/____");
     for (const char* fermo : {"cmdElimina", "cmdPrimo", "cmdSuccessivo", "cmdPrecedente", "cmdUltimo"})
         clic(fermo);
     clic("cmdNuovo");
     QVERIFY(inserimento());
     clic("cmdAnnulla");
     QVERIFY(!m_finestra->isVisible());
+    QCOMPARE(m_programma->dialoghi.viste().constLast().icona, Icona::Domanda);
 }
 
 void tst_ModuloIscrizioni::discoPieno() {
     apri();
     const int pagine = leggiValore("PRAGMA page_count")->toInt();
-    leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
+    leggiValore(QString("PRAGMA max_page_count=%1").arg(pagine));
     scrivi("txtNum", "8");
     scrivi("txtCog", "Neri");
     box("txtNot")->setText(QString(30000, 'x'));
@@ -316,7 +288,7 @@ void tst_ModuloIscrizioni::discoPieno() {
     clic("cmdSalva");
     QVERIFY(m_programma->dialoghi.viste().constLast().testo.contains("disco è pieno"));
     QVERIFY(inserimento());
-    QCOMPARE(testo("txtNum") + testo("txtCog"), QStringLiteral("8Neri"));
+    confronta("txtNum=8;txtCog=Neri");
     QVERIFY(!QApplication::overrideCursor());
     QCOMPARE(contaRighe("Equipaggi") + contaRighe("Rilevamenti"), 0);
     leggiValore("PRAGMA max_page_count=100000");
@@ -324,24 +296,6 @@ void tst_ModuloIscrizioni::discoPieno() {
     QVERIFY(!inserimento());
     QCOMPARE(contaRighe("Equipaggi", "Num=8 AND Cog='Neri'"), 1);
     QCOMPARE(contaRighe("Rilevamenti"), 2);
-}
-
-void tst_ModuloIscrizioni::archivioGuastoInUscita() {
-    // A write-back that the archive refuses keeps the crew, what was typed, and the window.
-    apriConEquipaggi();
-    clicRiga(1);
-    esegui("CREATE TRIGGER guasto BEFORE UPDATE ON Equipaggi BEGIN SELECT RAISE(ABORT,'guasto'); END");
-    scrivi("txtTes", "T9");
-    for (const char* uscita : Uscite) {
-        m_programma->dialoghi.attendiMessaggio("Velmora", {}, Icona::Stop);
-        esci(uscita);
-        resta(uscita);
-        QCOMPARE(testo("txtTes"), QStringLiteral("T9"));
-    }
-    esegui("DROP TRIGGER guasto");
-    clic("cmdEsci");
-    QVERIFY(!m_finestra->isVisible());
-    QCOMPARE(contaRighe("Equipaggi", "Tes='T9' AND Cog='BRUNI'"), 1);
 }
 
 PROVA_FINESTRE(tst_ModuloIscrizioni)

@@ -15,121 +15,77 @@ class tst_Gruppi final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void verifica_data();
     void verifica();
-    void titoli_data();
     void titoli();
-    void anno_data();
     void anno();
-    void assegnazione();
     void tabellaASI();
     void aggiuntaModificaEliminazione();
     void riassegnazione();
-    void squadre();
 };
 
-void tst_Gruppi::verifica_data() {
-    QTest::addColumn<QStringList>("campi");  // name, factor, years
-    QTest::addColumn<bool>("automatica");
-    QTest::addColumn<QString>("titolo");
-    QTest::addColumn<QString>("testo");
-    QTest::addColumn<QString>("campo");
-    const QString mancanti = "Inserendo Almeno un Anno E' Obbligatorio Inserire Anche l'Altro";
-    const QString automatica =
+void tst_Gruppi::verifica() {
+    const QString aggiungere = "Impossbile Aggiungere", mancanti = "Anni Mancanti", errato = "Anno Errato";
+    const QString senzaNome = "Inserire il Nome del Raggruppamento";
+    const QString senzaFattore = "Inserire il Fattore Moltiplicativo";
+    const QString unoSolo = "Inserendo Almeno un Anno E' Obbligatorio Inserire Anche l'Altro";
+    const QString perAnno =
         "La Manifestazione Prevede l'Inserimento Automatico\n"
         "degli Equipaggi nei Raggruppamenti in Base all'Anno del Veicolo.\n"
         "E' Obbligatorio Inserire Entrambi gli Anni del Ragruppamento";
+    const QString inverso = "L'Anno di Inizio del Raggruppamento è Maggiore dell'Anno di Fine";
     const QString inizio = "L'Anno di Inizio del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
     const QString fine = "L'Anno di Fine del Raggruppamento Fa Parte di un Raggruppamento già Inserito";
-    const auto riga = [](const char* nome, const QStringList& campi, bool auto_, const QString& titolo = "",
-                         const QString& testo = "", const QString& campo = "") {
-        QTest::newRow(nome) << campi << auto_ << titolo << testo << campo;
-    };
-    riga("no name, before all", {"", "", "1950", ""}, true, "Impossbile Aggiungere",
-         "Inserire il Nome del Raggruppamento", "txtNom");
-    riga("no factor", {"A", "", "1950", ""}, true, "Impossbile Aggiungere",
-         "Inserire il Fattore Moltiplicativo", "txtFat");
-    riga("a comma is no factor", {"A", ",", "", ""}, false, "Impossbile Aggiungere",
-         "Inserire il Fattore Moltiplicativo", "txtFat");
-    riga("no years, assigned by year", {"A", "1", "", ""}, true, "Anni Mancanti", automatica, "txtDaAnn");
-    riga("one year, assigned by year", {"A", "1", "1950", " "}, true, "Anni Mancanti", automatica,
-         "txtDaAnn");
-    riga("no years", {"A", "1,5", "", ""}, false);
-    riga("only the first year", {"A", "1", "1950", ""}, false, "Anni Mancanti", mancanti, "txtDaAnn");
-    riga("only the last year", {"A", "1", "", "1950"}, false, "Anni Mancanti", mancanti, "txtDaAnn");
-    riga("backwards", {"A", "1", "1946", "1940"}, false, "Anni Errati",
-         "L'Anno di Inizio del Raggruppamento è Maggiore dell'Anno di Fine", "txtDaAnn");
-    riga("first year at the other's end", {"A", "1", "1945", "1950"}, true, "Anno Errato", inizio,
-         "txtDaAnn");
-    riga("last year at the other's start", {"A", "1", "1925", "1931"}, true, "Anno Errato", fine, "txtAAnn");
-    riga("both inside", {"A", "1", "1935", "1936"}, false, "Anno Errato", inizio, "txtDaAnn");
-    riga("only the end inside", {"A", "1", "1930", "1965"}, false, "Anno Errato", fine, "txtAAnn");
-    riga("encloses the other", {"A", "1", "1930", "1950"}, true);
-    riga("one year alone", {"A", "1", "1950", "1950"}, true);
-}
-
-void tst_Gruppi::verifica() {
-    QFETCH(QStringList, campi);
-    QFETCH(bool, automatica);
-    QFETCH(QString, titolo);
+    // Name, factor and years; whether crews are assigned by year; the refusal, none when there is no title.
+    const struct {
+        QStringList campi;
+        bool automatica;
+        QString titolo = "", testo = "", campo = "";
+    } casi[] = {{{"", "", "1950", ""}, true, aggiungere, senzaNome, "txtNom"},
+                {{"A", "", "1950", ""}, true, aggiungere, senzaFattore, "txtFat"},
+                {{"A", ",", "", ""}, false, aggiungere, senzaFattore, "txtFat"},
+                {{"A", "1", "", ""}, true, mancanti, perAnno, "txtDaAnn"},
+                {{"A", "1", "1950", " "}, true, mancanti, perAnno, "txtDaAnn"},
+                {{"A", "1,5", "", ""}, false},
+                {{"A", "1", "1950", ""}, false, mancanti, unoSolo, "txtDaAnn"},
+                {{"A", "1", "", "1950"}, false, mancanti, unoSolo, "txtDaAnn"},
+                {{"A", "1", "1946", "1940"}, false, "Anni Errati", inverso, "txtDaAnn"},
+                {{"A", "1", "1945", "1950"}, true, errato, inizio, "txtDaAnn"},
+                {{"A", "1", "1925", "1931"}, true, errato, fine, "txtAAnn"},
+                {{"A", "1", "1935", "1936"}, false, errato, inizio, "txtDaAnn"},
+                {{"A", "1", "1930", "1965"}, false, errato, fine, "txtAAnn"},
+                {{"A", "1", "1930", "1950"}, true},
+                {{"A", "1", "1950", "1950"}, true}};
     const QList<Gruppo> altri{{.nom = "Senza anni", .fat = "1"},
                               {.nom = "Post Vintage", .fat = "1", .daAnn = "1931", .aAnn = "1945"},
                               {.nom = "Post Classic", .fat = "1", .daAnn = "1961", .aAnn = "1970"}};
-    const std::optional<Rifiuto> rifiuto =
-        verificaGruppo({0, campi[0], campi[1], campi[2], campi[3]}, altri, automatica, Operazione::Aggiunta);
-    QCOMPARE(rifiuto.has_value(), !titolo.isEmpty());
-    if (!rifiuto)
-        return;
-    QCOMPARE(rifiuto->titolo, titolo);
-    QTEST(rifiuto->testo, "testo");
-    QTEST(rifiuto->campo, "campo");
-    QCOMPARE(rifiuto->icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
-}
-
-void tst_Gruppi::titoli_data() {
-    QTest::addColumn<int>("operazione");
-    QTest::addColumn<QString>("titolo");
-    QTest::newRow("add") << int(Operazione::Aggiunta) << "Impossbile Aggiungere";
-    QTest::newRow("change in the creation")
-        << int(Operazione::ModificaInCreazione) << "Impossibile Modificare";
-    QTest::newRow("change in the archive") << int(Operazione::ModificaInArchivio) << "Impossibile Aggiungere";
-}
-
-void tst_Gruppi::titoli() {
-    QFETCH(int, operazione);
-    QTEST(verificaGruppo({}, {}, false, Operazione(operazione))->titolo, "titolo");
-    QTEST(verificaSquadra({}, Operazione(operazione))->titolo, "titolo");
-}
-
-void tst_Gruppi::anno_data() {
-    QTest::addColumn<QString>("testo");
-    QTest::addColumn<bool>("accettato");
-    QTest::newRow("blank") << "" << true;
-    QTest::newRow("1849") << "1849" << false;
-    QTest::newRow("1850") << "1850" << true;
-    QTest::newRow("2000") << "2000" << true;
-    QTest::newRow("2001") << "2001" << false;
-    QTest::newRow("two digits") << "55" << false;
-}
-
-void tst_Gruppi::anno() {
-    QFETCH(QString, testo);
-    const std::optional<Rifiuto> rifiuto = verificaAnno(testo);
-    QTEST(!rifiuto.has_value(), "accettato");
-    if (rifiuto) {
-        QCOMPARE(rifiuto->titolo, QString("Dato Errato"));
-        QCOMPARE(rifiuto->testo, QString("Controllare l'Anno Inserito"));
+    for (const auto& [campi, automatica, titolo, testo, campo] : casi) {
+        const Rifiuto rifiuto = verificaGruppo({0, campi[0], campi[1], campi[2], campi[3]}, altri, automatica,
+                                               Operazione::Aggiunta)
+                                    .value_or(Rifiuto());
+        QCOMPARE((QStringList{rifiuto.titolo, rifiuto.testo, rifiuto.campo}),
+                 (QStringList{titolo, testo, campo}));
+        QCOMPARE(rifiuto.icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
     }
 }
 
-void tst_Gruppi::assegnazione() {
-    QVERIFY(!verificaAssegnazione({}));
-    QVERIFY(!verificaAssegnazione({{.nom = "A", .daAnn = "1950", .aAnn = "1960"}}));
-    const auto rifiuto = verificaAssegnazione({{.nom = "A", .daAnn = "1950", .aAnn = "1960"}, {.nom = "B"}});
-    QVERIFY(rifiuto);
-    QCOMPARE(rifiuto->titolo, QString("Impossibile Attivare l'Opzione"));
-    QCOMPARE(rifiuto->testo, QString("Sono Stati Già Inseriti dei Raggruppamenti Senza Anni.\n"
-                                     "Inserire Tutti gli Anni Mancanti e Quindi Atrivare l'Opzione"));
+void tst_Gruppi::titoli() {
+    using enum Operazione;
+    for (const auto& [operazione, titolo] : {std::pair{Aggiunta, "Impossbile Aggiungere"},
+                                             std::pair{ModificaInCreazione, "Impossibile Modificare"},
+                                             std::pair{ModificaInArchivio, "Impossibile Aggiungere"}}) {
+        QCOMPARE(verificaGruppo({}, {}, false, operazione)->titolo, QString(titolo));
+        QCOMPARE(verificaSquadra({}, operazione)->titolo, QString(titolo));
+    }
+}
+
+void tst_Gruppi::anno() {
+    for (const char* ammesso : {"", "1850", "2000"})
+        QVERIFY2(!verificaAnno(ammesso), ammesso);
+    for (const char* rifiutato : {"1849", "2001", "55"}) {
+        const std::optional<Rifiuto> rifiuto = verificaAnno(rifiutato);
+        QVERIFY2(rifiuto, rifiutato);
+        QCOMPARE(rifiuto->titolo + '/' + rifiuto->testo, QString("Dato Errato/Controllare l'Anno Inserito"));
+    }
 }
 
 void tst_Gruppi::tabellaASI() {
@@ -193,19 +149,6 @@ void tst_Gruppi::riassegnazione() {
     const int nuovo = aggiungiGruppo(IDMan, {0, "Nuovo", "1", "1919", "1920"}, true);
     QCOMPARE(gruppoDi(del1920), nuovo);
     QCOMPARE(gruppoDi(del1970), gruppi[5].id);
-}
-
-void tst_Gruppi::squadre() {
-    const ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const int id = aggiungiSquadra(IDMan, "Scuderia");
-    aggiungiSquadra(IDMan, "Scuderia");
-    const int uno = nuovoEquipaggio(1, {{"IDSqu_FK", id}});
-    modificaSquadra({id, "Scuderia dell'Est"});
-    QCOMPARE(leggiSquadre(IDMan).constFirst().nom, QString("Scuderia dell'Est"));
-    eliminaSquadra(IDMan, id);
-    QCOMPARE(contaRighe("Squadre"), 1);
-    QCOMPARE(contaRighe("Equipaggi", QString("IDEqu=%1 AND IDSqu_FK=0").arg(uno)), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_Gruppi)

@@ -43,185 +43,107 @@ class tst_Prove final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void verifica_data();
     void verifica();
-    void salvataggio_data();
-    void salvataggio();
-    void aggiunta_data();
-    void aggiunta();
-    void modifica_data();
-    void modifica();
-    void eliminazione_data();
-    void eliminazione();
+    void catene();
     void rilevamentiDellaProvaNuova();
     void colonne();
-    void svolte();
 };
 
-void tst_Prove::verifica_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<int>("posizione");
-    QTest::addColumn<QString>("prova");
-    QTest::addColumn<QString>("tempo");
-    QTest::addColumn<QString>("testo");
-    const QString tempo = "Inserire il Tempo Imposto della Prova";
-    const QString prima = "La Prima Prova non può Essere\nConcatenata con la Precedente";
-    const QString primoCO = "Il Primo CO non può Essere\nConcatenato con il Precedente";
-    QTest::newRow("no time comes first") << "" << 0 << "CO+"
-                                         << "" << tempo;
-    QTest::newRow("first chained") << "" << 0 << "PA+"
-                                   << "00:01:00" << prima;
-    QTest::newRow("first CO chained, empty list") << "" << 0 << "CO+"
-                                                  << "00:01:00" << prima;
-    QTest::newRow("CO after PA") << "PA PM" << 2 << "CO+"
-                                 << "00:01:00" << primoCO;
-    QTest::newRow("CO after CO") << "CO PM" << 2 << "CO+"
-                                 << "00:01:00"
-                                 << "";
-    QTest::newRow("PA after CO") << "CO" << 1 << "PA+"
-                                 << "00:00:00"
-                                 << "";
-    QTest::newRow("first not chained") << "" << 0 << "CO"
-                                       << "00:01:00"
-                                       << "";
-    QTest::newRow("change of the first") << "PA CO" << 0 << "PA+"
-                                         << "00:01:00" << prima;
-    QTest::newRow("change looks only before") << "PA PA CO" << 1 << "CO+"
-                                              << "00:01:00" << primoCO;
-    QTest::newRow("change with a CO before") << "CO PA CO" << 1 << "CO+"
-                                             << "00:01:00"
-                                             << "";
-}
-
 void tst_Prove::verifica() {
-    QFETCH(QString, prima);
-    QFETCH(int, posizione);
-    QFETCH(QString, prova);
-    QFETCH(QString, tempo);
-    QFETCH(QString, testo);
-    Prova nuova = elenco(prova).constFirst();
-    nuova.tem = tempo;
-    const std::optional<Rifiuto> rifiuto = verificaProva(nuova, elenco(prima), posizione);
-    QCOMPARE(rifiuto ? rifiuto->testo : QString(""), testo);
-    if (rifiuto) {
-        QCOMPARE(rifiuto->titolo, QString("Impossibile Aggiungere"));
-        QCOMPARE(rifiuto->icona, Icona::Stop);
+    const char* senzaTempo = "Inserire il Tempo Imposto della Prova";
+    const char* prima = "La Prima Prova non può Essere\nConcatenata con la Precedente";
+    const char* primoCO = "Il Primo CO non può Essere\nConcatenato con il Precedente";
+    // The list, the place, the test that goes there, why not (empty: it may).
+    const struct {
+        const char* elenco;
+        int posizione;
+        const char *prova, *testo, *tempo = "00:01:00";
+    } casi[] = {
+        // Added.
+        {"", 0, "CO+", senzaTempo, ""},
+        {"", 0, "PA+", prima},
+        {"", 0, "CO+", prima},
+        {"PA PM", 2, "CO+", primoCO},
+        {"CO PM", 2, "CO+", ""},
+        {"CO", 1, "PA+", "", "00:00:00"},
+        {"", 0, "CO", ""},
+        // Changed: only what comes before counts.
+        {"PA CO", 0, "PA+", prima},
+        {"PA PA CO", 1, "CO+", primoCO},
+        {"CO PA CO", 1, "CO+", ""},
+    };
+    for (const auto& caso : casi) {
+        Prova nuova = elenco(caso.prova).constFirst();
+        nuova.tem = caso.tempo;
+        const std::optional<Rifiuto> rifiuto = verificaProva(nuova, elenco(caso.elenco), caso.posizione);
+        QCOMPARE(rifiuto ? rifiuto->testo : "", QString(caso.testo));
+        if (rifiuto) {
+            QCOMPARE(rifiuto->titolo, QString("Impossibile Aggiungere"));
+            QCOMPARE(rifiuto->icona, Icona::Stop);
+        }
     }
 }
 
-void tst_Prove::salvataggio_data() {
-    QTest::addColumn<QString>("prove");
-    QTest::addColumn<QString>("attesa");
-    QTest::newRow("to the one before") << "PA PA+ PM+ PA"
-                                       << "0 1 2 0";
-    QTest::newRow("PA to a CO, CO over PAs") << "CO PA+ PM+ CO+ PA CO+"
-                                             << "0 1 2 1 0 4";
-    QTest::newRow("left chained by a deletion") << "PA+ CO+ PA+"
-                                                << "0 0 2";
-}
-
-void tst_Prove::salvataggio() {
-    QFETCH(QString, prove);
-    const ProgrammaDiProva programma;
-    salva("CO PA");  // of another event: no chain reaches them
-    const QList<int> chiavi = salva(prove);
-    QTEST(catena(chiavi), "attesa");
-}
-
-void tst_Prove::aggiunta_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<QString>("nuova");
-    QTest::addColumn<QString>("attesa");
-    QTest::newRow("PA to the last") << "CO PM"
-                                    << "PA+"
-                                    << "0 0 2";
-    QTest::newRow("PM to a CO") << "PA CO"
-                                << "PM+"
-                                << "0 0 2";
-    QTest::newRow("CO to the nearest CO") << "CO CO PA PM"
-                                          << "CO+"
-                                          << "0 0 0 0 2";
-    QTest::newRow("not chained") << "CO CO"
-                                 << "CO"
-                                 << "0 0 0";
-    QTest::newRow("the first") << ""
-                               << "PA"
-                               << "0";
-}
-
-void tst_Prove::aggiunta() {
-    QFETCH(QString, prima);
-    QFETCH(QString, nuova);
-    const ProgrammaDiProva programma;
-    QList<int> chiavi = salva(prima);
-    chiavi << aggiungiProva(IDMan, elenco(nuova).constFirst());
-    QTEST(catena(chiavi), "attesa");
-}
-
-void tst_Prove::modifica_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<int>("posizione");
-    QTest::addColumn<QString>("nuova");
-    QTest::addColumn<QString>("attesa");
-    QTest::newRow("unchained") << "PA PA+ PA+" << 1 << "PA"
-                               << "0 0 2";
-    QTest::newRow("PA chained") << "PA PM CO" << 1 << "PM+"
-                                << "0 1 0";
-    QTest::newRow("a CO becomes PA: the later CO goes to the CO before") << "CO PA CO+ PM CO+" << 2 << "PA+"
-                                                                         << "0 0 2 0 1";
-    QTest::newRow("a CO becomes PM and no CO is left before") << "PA CO PA CO+" << 1 << "PM+"
-                                                              << "0 1 0 0";
-    QTest::newRow("only the first later CO") << "CO CO+ CO CO+" << 1 << "PA+"
-                                             << "0 1 0 3";
-    QTest::newRow("a PA stays PA: later chains stay") << "CO PA CO+" << 1 << "PA+"
-                                                      << "0 1 1";
-    QTest::newRow("a PA becomes CO: the later CO goes to it") << "CO PA PM CO+" << 1 << "CO+"
-                                                              << "0 1 0 2";
-    QTest::newRow("a PA becomes CO before an unchained CO") << "CO PA CO CO+" << 1 << "CO+"
-                                                            << "0 1 0 3";
-    QTest::newRow("a CO stays CO") << "CO CO+ CO+" << 1 << "CO+"
-                                   << "0 1 2";
-    QTest::newRow("the last") << "CO PA" << 1 << "CO+"
-                              << "0 1";
-}
-
-void tst_Prove::modifica() {
-    QFETCH(QString, prima);
-    QFETCH(int, posizione);
-    QFETCH(QString, nuova);
-    const ProgrammaDiProva programma;
-    const QList<int> chiavi = salva(prima);
-    Prova prova = elenco(nuova).constFirst();
-    prova.id = chiavi[posizione];
-    modificaProva(IDMan, prova);
-    QTEST(catena(chiavi), "attesa");
-}
-
-void tst_Prove::eliminazione_data() {
-    QTest::addColumn<QString>("prima");
-    QTest::addColumn<int>("posizione");
-    QTest::addColumn<QString>("attesa");  // positions as they were before
-    QTest::newRow("the first of two chained") << "PA PA+" << 0 << "0";
-    QTest::newRow("the next loses its chain") << "PA PA+ PM+ PA+" << 1 << "0 0 3";
-    QTest::newRow("a CO: next PA and first later CO") << "CO PA+ PM CO+ CO+" << 0 << "0 0 0 4";
-    QTest::newRow("a CO: only the first later CO") << "CO CO+ CO CO+" << 1 << "0 0 3";
-    QTest::newRow("a PA keeps the chain of COs") << "CO PA CO+" << 1 << "0 1";
-    QTest::newRow("the next is a CO: not a PA's concern") << "CO PM+ CO+ PA+" << 1 << "0 1 3";
-    QTest::newRow("the last") << "CO CO+" << 1 << "0";
-    QTest::newRow("the only one") << "PA" << 0 << "";
-}
-
-void tst_Prove::eliminazione() {
-    QFETCH(QString, prima);
-    QFETCH(int, posizione);
-    const ProgrammaDiProva programma;
-    const QList<int> chiavi = salva(prima);
-    nuovoEquipaggio(1);
-    const int rilevamenti = contaRighe("Rilevamenti");
-    eliminaProva(IDMan, chiavi[posizione]);
-    QTEST(catena(chiavi), "attesa");
-    QCOMPARE(contaRighe("Rilevamenti"), rilevamenti - 1);
-    QVERIFY_EXCEPTION_THROWN(modificaProva(IDMan, {.id = chiavi[posizione], .tip = "PA"}), Errore);
+void tst_Prove::catene() {
+    // The tests, the one worked on (-1: none), what it becomes (empty: deleted), and what each is chained to
+    // in the end, by its place before a deletion.
+    const struct {
+        const char* prima;
+        int posizione;
+        const char *nuova, *attesa;
+    } casi[] = {
+        // Saved: to the one before; a CO over other kinds; what a deletion has left chained.
+        {"PA PA+ PM+ PA", -1, "", "0 1 2 0"},
+        {"CO PA+ PM+ CO+ PA CO+", -1, "", "0 1 2 1 0 4"},
+        {"PA+ CO+ PA+", -1, "", "0 0 2"},
+        // Added.
+        {"CO PM", 2, "PA+", "0 0 2"},
+        {"PA CO", 2, "PM+", "0 0 2"},
+        {"CO CO PA PM", 4, "CO+", "0 0 0 0 2"},
+        {"CO CO", 2, "CO", "0 0 0"},
+        {"", 0, "PA", "0"},
+        // Changed, without a CO or with one before and after: the later chains stay.
+        {"PA PA+ PA+", 1, "PA", "0 0 2"},
+        {"PA PM CO", 1, "PM+", "0 1 0"},
+        {"CO PA CO+", 1, "PA+", "0 1 1"},
+        {"CO CO+ CO+", 1, "CO+", "0 1 2"},
+        {"CO PA", 1, "CO+", "0 1"},
+        // A CO no more: the first later CO goes to the CO before, or to none.
+        {"CO PA CO+ PM CO+", 2, "PA+", "0 0 2 0 1"},
+        {"PA CO PA CO+", 1, "PM+", "0 1 0 0"},
+        {"CO CO+ CO CO+", 1, "PA+", "0 1 0 3"},
+        // Now a CO: the first later CO goes to it, unless it is not chained.
+        {"CO PA PM CO+", 1, "CO+", "0 1 0 2"},
+        {"CO PA CO CO+", 1, "CO+", "0 1 0 3"},
+        // Deleted: the next loses its chain, and after a CO the first later CO.
+        {"PA PA+", 0, "", "0"},
+        {"PA PA+ PM+ PA+", 1, "", "0 0 3"},
+        {"CO PA+ PM CO+ CO+", 0, "", "0 0 0 4"},
+        {"CO CO+ CO CO+", 1, "", "0 0 3"},
+        {"CO PA CO+", 1, "", "0 1"},
+        {"CO PM+ CO+ PA+", 1, "", "0 1 3"},
+        {"CO CO+", 1, "", "0"},
+        {"PA", 0, "", ""},
+    };
+    for (const auto& [prima, posizione, nuova, attesa] : casi) {
+        const ProgrammaDiProva programma;
+        salva("CO PA");  // of another event: no chain reaches them
+        QList<int> chiavi = salva(prima);
+        nuovoEquipaggio(1);
+        if (posizione >= 0 && !*nuova) {
+            eliminaProva(IDMan, chiavi[posizione]);
+            QCOMPARE(contaRighe("Rilevamenti"), chiavi.size() - 1);
+            QVERIFY_EXCEPTION_THROWN(modificaProva(IDMan, {.id = chiavi[posizione], .tip = "PA"}), Errore);
+        } else if (posizione == chiavi.size()) {
+            chiavi << aggiungiProva(IDMan, elenco(nuova).constFirst());
+        } else if (posizione >= 0) {
+            Prova prova = elenco(nuova).constFirst();
+            prova.id = chiavi[posizione];
+            modificaProva(IDMan, prova);
+        }
+        QVERIFY2(catena(chiavi) == attesa,
+                 qPrintable(QString(prima) + " -> " + nuova + ": " + catena(chiavi)));
+    }
 }
 
 void tst_Prove::rilevamentiDellaProvaNuova() {
@@ -254,18 +176,6 @@ void tst_Prove::colonne() {
     prova.dat.clear();
     modificaProva(IDMan, prova);
     QCOMPARE(contaRighe("Prove", "Nom='Media' AND Dat IS NULL AND Svo=1"), 1);
-}
-
-void tst_Prove::svolte() {
-    const ProgrammaDiProva programma;
-    salva("PA CO");
-    QList<ProvaSvolta> prove = leggiProveSvolte(IDMan);
-    QCOMPARE(prove.size(), 2);
-    QVERIFY(!prove[0].svolta && !prove[1].svolta);
-    prove[1].svolta = true;
-    scriviProveSvolte(prove);
-    prove = leggiProveSvolte(IDMan);
-    QVERIFY(!prove[0].svolta && prove[1].svolta);
 }
 
 QTEST_GUILESS_MAIN(tst_Prove)
