@@ -1,7 +1,7 @@
 #include "BancoScarico.h"
 #include "supporto/ProvaFinestre.h"
 
-#include <QFile>
+#include <random>
 
 // What goes wrong on the line of a download: each time the operator reads why, the window can be used again
 // and what the archive holds is untouched.
@@ -13,16 +13,8 @@ private Q_SLOTS:
     void cleanup();
     void portaChiusa_data();
     void portaChiusa();
-    void adattatoreTolto_data();
-    void adattatoreTolto();
-    void nessunaRisposta_data();
-    void nessunaRisposta();
-    void arresto_data();
-    void arresto();
-    void chiusaInRicezione_data();
-    void chiusaInRicezione();
-    void altroDispositivo_data();
-    void altroDispositivo();
+    void interrotta_data();
+    void interrotta();
     void archivioGuasto();
     void raffica_data();
     void raffica();
@@ -38,6 +30,11 @@ private:
             Icona::Informazione);
     }
     void avvia(Dispositivo dispositivo);
+    void apriFinestra() {
+        m_banco = std::make_unique<BancoOFFLINE>();
+        m_banco->dispositivo(m_dispositivo);
+        m_banco->spunta({0});
+    }
     // Brings the download to a state of its panel, with half a record received where it is receiving.
     void portaA(const QString& stato);
     // All released, and a whole download goes through.
@@ -51,21 +48,11 @@ private:
 
 namespace {
 
+constexpr qsizetype Megabyte = 1 << 20;
 const QString AttesaDati = "ATTESA DATI\nDA TAG CP 520";
 const QString AttesaRisposta = "ATTESA RISPOSTA\nDA TAG CP540";
 const QString Collegata = "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 04711";
 const QString Ricezione = "RICEZIONE\nIN CORSO";
-
-// Every state in which a download waits for the line.
-void stati() {
-    QTest::addColumn<Dispositivo>("dispositivo");
-    QTest::addColumn<QString>("stato");
-    QTest::newRow("waiting for data") << Dispositivo::CP520 << AttesaDati;
-    QTest::newRow("receiving, CP520") << Dispositivo::CP520 << Ricezione;
-    QTest::newRow("identifying") << Dispositivo::CP540 << AttesaRisposta;
-    QTest::newRow("heat asked for") << Dispositivo::CP540 << Collegata;
-    QTest::newRow("receiving, CP540") << Dispositivo::CP540 << Ricezione;
-}
 
 }  // namespace
 
@@ -87,9 +74,7 @@ void tst_GuastiOFFLINE::avvia(Dispositivo dispositivo) {
     m_tag->scegliManche(3);
     m_tag->registra(1, QTime(10, 0));
     m_tag->registra(2, QTime(10, 1));
-    m_banco = std::make_unique<BancoOFFLINE>();
-    m_banco->dispositivo(dispositivo);
-    m_banco->spunta({0});
+    apriFinestra();
 }
 
 void tst_GuastiOFFLINE::portaA(const QString& stato) {
@@ -140,10 +125,10 @@ void tst_GuastiOFFLINE::ricominciabile() {
 void tst_GuastiOFFLINE::portaChiusa_data() {
     QTest::addColumn<Dispositivo>("dispositivo");
     QTest::addColumn<bool>("inUso");
-    QTest::newRow("missing, CP520") << Dispositivo::CP520 << false;
-    QTest::newRow("missing, CP540") << Dispositivo::CP540 << false;
-    QTest::newRow("in use, CP520") << Dispositivo::CP520 << true;
-    QTest::newRow("in use, CP540") << Dispositivo::CP540 << true;
+    for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
+        QTest::addRow("missing, %d", int(dispositivo)) << dispositivo << false;
+        QTest::addRow("in use, %d", int(dispositivo)) << dispositivo << true;
+    }
 }
 
 void tst_GuastiOFFLINE::portaChiusa() {
@@ -165,133 +150,72 @@ void tst_GuastiOFFLINE::portaChiusa() {
     ricominciabile();
 }
 
-void tst_GuastiOFFLINE::adattatoreTolto_data() {
-    stati();
-}
-
-void tst_GuastiOFFLINE::adattatoreTolto() {
-    QFETCH(Dispositivo, dispositivo);
-    QFETCH(QString, stato);
-    avvia(dispositivo);
-    portaA(stato);
-    dialoghi().attendiMessaggio("Errore", {});
-    m_gara->linea.stacca();
-    QTRY_VERIFY(m_banco->ferma());
-    QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
-    QVERIFY(dialoghi().finite());
-    QCOMPARE(contaRighe("TempRil"), 0);
-    m_gara->linea.attacca();
-    ricominciabile();
-}
-
-void tst_GuastiOFFLINE::nessunaRisposta_data() {
+void tst_GuastiOFFLINE::interrotta_data() {
+    QTest::addColumn<Dispositivo>("dispositivo");
     QTest::addColumn<QString>("stato");
-    QTest::newRow("to the identity") << AttesaRisposta;
-    QTest::newRow("to the heat") << Collegata;
+    QTest::addColumn<QString>("come");
+    const auto cp520 = Dispositivo::CP520;
+    const auto cp540 = Dispositivo::CP540;
+    // Every state in which a download waits for the line.
+    for (const auto& [nome, dispositivo, stato] :
+         {std::tuple{"waiting for data", cp520, AttesaDati}, std::tuple{"receiving, CP520", cp520, Ricezione},
+          std::tuple{"identifying", cp540, AttesaRisposta}, std::tuple{"heat asked for", cp540, Collegata},
+          std::tuple{"receiving, CP540", cp540, Ricezione}}) {
+        for (const char* come : {"stop", "close", "delete", "unplug"})
+            QTest::addRow("%s, %s", nome, come) << dispositivo << stato << come;
+    }
+    QTest::newRow("no answer to the identity") << cp540 << AttesaRisposta << "no answer";
+    QTest::newRow("no answer to the heat") << cp540 << Collegata << "no answer";
+    // What never ends, for no watchdog runs any more: only the operator stops it.
+    QTest::newRow("silent after AK C") << cp540 << "silent"
+                                       << "stop";
+    QTest::newRow("end of another heat") << cp540 << "other heat"
+                                         << "stop";
 }
 
-void tst_GuastiOFFLINE::nessunaRisposta() {
-    QFETCH(QString, stato);
-    AtteseLinea.rispostaCP540 = 150;
-    avvia(Dispositivo::CP540);
-    portaA(stato);
-    dialoghi().attendiMessaggio(
-        "Errore di Comunicazione",
-        "Nessuna Risposta Ricevuta dal CP540.\nControllare I Collegamenti e Quindi Riprovare.");
-    QTRY_VERIFY(m_banco->ferma());
-    QVERIFY(dialoghi().finite());
-    ricominciabile();
-}
-
-void tst_GuastiOFFLINE::arresto_data() {
-    stati();
-    QTest::newRow("silent after AK C") << Dispositivo::CP540 << "silent";
-    QTest::newRow("end of another heat") << Dispositivo::CP540 << "other heat";
-}
-
-void tst_GuastiOFFLINE::arresto() {
+// The operator stops it, or closes the window, or the line goes away: nothing is left of it.
+void tst_GuastiOFFLINE::interrotta() {
     QFETCH(Dispositivo, dispositivo);
     QFETCH(QString, stato);
+    QFETCH(QString, come);
     avvia(dispositivo);
-    AtteseLinea.rispostaCP540 = 200;
+    AtteseLinea.rispostaCP540 = come == "no answer" ? 150 : 60000;
     if (stato == "silent" || stato == "other heat") {
+        AtteseLinea.rispostaCP540 = 200;
         stato == "silent" ? m_tag->setTaglio(11) : m_tag->setMancheInCoda(4);
         attendiManche("3");
         m_banco->premi("cmdIniziaRicezione");
         QTRY_COMPARE(m_banco->stato(), Ricezione);
-        // No watchdog runs any more.
         QTest::qWait(3 * AtteseLinea.rispostaCP540);
         QCOMPARE(m_banco->stato(), Ricezione);
     } else {
-        AtteseLinea.rispostaCP540 = 60000;
         portaA(stato);
     }
-    m_banco->premi("cmdArrestaRicezione");
+    if (come == "stop") {
+        m_banco->premi("cmdArrestaRicezione");
+    } else if (come == "close") {
+        QTest::keyClick(&m_banco->finestra, Qt::Key_Escape);
+        QVERIFY(!m_banco->finestra.isVisible());
+        QCOMPARE(m_gara->programma.impostazioni.valori.value("com/offline"), "2");
+        m_banco->finestra.show();
+    } else if (come == "delete") {
+        m_banco.reset();
+        QTRY_VERIFY(!m_gara->linea.aperto());
+        apriFinestra();
+    } else if (come == "no answer") {
+        dialoghi().attendiMessaggio(
+            "Errore di Comunicazione",
+            "Nessuna Risposta Ricevuta dal CP540.\nControllare I Collegamenti e Quindi Riprovare.");
+        QTRY_VERIFY(m_banco->ferma());
+    } else {
+        dialoghi().attendiMessaggio("Errore", {});
+        m_gara->linea.stacca();
+        QTRY_VERIFY(m_banco->ferma());
+        QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
+        m_gara->linea.attacca();
+    }
     QVERIFY(dialoghi().finite());
     QCOMPARE(contaRighe("TempRil"), 0);
-    ricominciabile();
-}
-
-void tst_GuastiOFFLINE::chiusaInRicezione_data() {
-    stati();
-}
-
-void tst_GuastiOFFLINE::chiusaInRicezione() {
-    QFETCH(Dispositivo, dispositivo);
-    QFETCH(QString, stato);
-    avvia(dispositivo);
-    portaA(stato);
-    QTest::keyClick(&m_banco->finestra, Qt::Key_Escape);
-    QVERIFY(!m_banco->finestra.isVisible());
-    QVERIFY(!m_gara->linea.aperto());
-    QCOMPARE(m_gara->programma.impostazioni.valori.value("com/offline"), "2");
-    // And gone altogether while the device still sends.
-    m_banco->finestra.show();
-    m_tag->setTaglio({});
-    m_tag->setMuto(false);
-    if (dispositivo == Dispositivo::CP540)
-        attendiManche("3");
-    m_tag->spezza(3, 1);
-    m_banco->premi("cmdIniziaRicezione");
-    if (dispositivo == Dispositivo::CP520)
-        m_tag->trasmetti();
-    QTRY_COMPARE(m_banco->stato(), Ricezione);
-    m_banco.reset();
-    QTRY_VERIFY(!m_gara->linea.aperto());
-    QVERIFY(dialoghi().finite());
-}
-
-void tst_GuastiOFFLINE::altroDispositivo_data() {
-    QTest::addColumn<Dispositivo>("atteso");
-    QTest::newRow("CP540 for CP520") << Dispositivo::CP520;
-    QTest::newRow("CP520 for CP540") << Dispositivo::CP540;
-}
-
-void tst_GuastiOFFLINE::altroDispositivo() {
-    QFETCH(Dispositivo, atteso);
-    avvia(atteso);
-    const bool cp520 = atteso == Dispositivo::CP520;
-    QByteArray altri;
-    for (int n = 1; n <= 40; ++n)
-        altri += SimulatoreTag::rigaMemoria(cp520 ? Dispositivo::CP540 : Dispositivo::CP520, 1, QTime(9, n));
-    if (cp520) {
-        attendiFine(0);
-        m_banco->premi("cmdIniziaRicezione");
-        m_tag->invia(altri);
-        QTRY_VERIFY(m_banco->ferma());
-        QVERIFY(dialoghi().finite());
-        QCOMPARE(contaRighe("TempRil"), 0);
-        m_banco->premi("cmdIniziaRicezione");
-        m_banco->premi("cmdArrestaRicezione");
-    } else {
-        m_tag->setMuto(true);
-        AtteseLinea.rispostaCP540 = 150;
-        dialoghi().attendiMessaggio("Errore di Comunicazione", {});
-        m_banco->premi("cmdIniziaRicezione");
-        m_tag->invia(altri);
-        QTRY_VERIFY(m_banco->ferma());
-        QVERIFY(dialoghi().finite());
-    }
     ricominciabile();
 }
 
@@ -313,36 +237,36 @@ void tst_GuastiOFFLINE::archivioGuasto() {
 }
 
 void tst_GuastiOFFLINE::raffica_data() {
-    QTest::addColumn<bool>("record");
-    QTest::newRow("noise") << false;
-    QTest::newRow("records") << true;
+    QTest::addColumn<QByteArray>("dati");
+    QTest::addColumn<int>("validi");
+    const QByteArray righe = SimulatoreTag::rigaMemoria(Dispositivo::CP520, 1, QTime(9, 0)) +
+                             SimulatoreTag::rigaMemoria(Dispositivo::CP520, 8, QTime(9, 1));
+    QByteArray rumore(Megabyte, '\0');
+    std::mt19937 caso(1);
+    for (char& c : rumore)
+        c = static_cast<char>(caso() & 0xFF);
+    QTest::newRow("noise") << rumore << 0;
+    QTest::newRow("records") << righe.repeated(Megabyte / righe.size()) << 1;
+    const QByteArray altri = SimulatoreTag::rigaMemoria(Dispositivo::CP540, 1, QTime(9, 0));
+    QTest::newRow("another device") << altri.repeated(40) << 0;
 }
 
-// A megabyte at once, of noise and of records: the first times of each crew are kept.
+// A megabyte at once: the first times of each crew are kept.
 void tst_GuastiOFFLINE::raffica() {
-    QFETCH(bool, record);
-    AtteseLinea.silenzioCP520 = 500;
+    QFETCH(QByteArray, dati);
+    QFETCH(int, validi);
     avvia(Dispositivo::CP520);
     AtteseLinea.silenzioCP520 = 500;
-    constexpr qsizetype Megabyte = 1 << 20;
-    QByteArray dati;
-    if (record) {
-        const QByteArray righe = SimulatoreTag::rigaMemoria(Dispositivo::CP520, 1, QTime(9, 0)) +
-                                 SimulatoreTag::rigaMemoria(Dispositivo::CP520, 8, QTime(9, 1));
-        dati = righe.repeated(Megabyte / righe.size());
-        attendiFine(1);
-    } else {
-        dialoghi().attendiMessaggio("Ricezione OK", {}, Icona::Informazione);
-    }
+    attendiFine(validi);
     m_banco->premi("cmdIniziaRicezione");
-    record ? m_tag->invia(dati) : m_tag->disturbo(Megabyte);
+    m_tag->invia(dati);
     QTRY_VERIFY_WITH_TIMEOUT(m_banco->ferma(), 60000);
     QVERIFY(dialoghi().finite());
-    if (record) {
+    QCOMPARE(contaRighe("TempRil"), validi);
+    if (validi > 0) {
         QCOMPARE(m_banco->griglia("grTempi"), QStringList({"1/ROSSI BIANCHI/Partenza//09:00:00:00"}));
         QCOMPARE(m_banco->trova<QTableView>("grScartati")->model()->rowCount(), dati.size() / 31 - 1);
     }
-    QVERIFY(m_banco->trova("cmdIniziaRicezione")->isEnabled());
 }
 
 PROVA_FINESTRE(tst_GuastiOFFLINE)

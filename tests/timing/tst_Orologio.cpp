@@ -3,7 +3,6 @@
 #include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 #include "timing/frmOrologio.h"
-#include "timing/PortaSeriale.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -19,11 +18,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void inAttesaEInMoto();
-    void senzaPorte();
+    void rifiuti_data();
+    void rifiuti();
     void portaNonDisponibile();
-    void stessaPorta();
-    void annullata();
-    void cambioDiFormato();
     void nuovaSincronizzazione();
     void impostazioni();
     void staccato_data();
@@ -32,10 +29,13 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] QAbstractButton* opzione(const QString& nome) const;
-    [[nodiscard]] QPushButton* pulsante(const char* nome) const;
-    [[nodiscard]] QString orario() const;
-    [[nodiscard]] bool inAttesa() const;
+    void premi(const char* nome) const { m_finestra->findChild<QPushButton*>(nome)->click(); }
+    [[nodiscard]] QString orario() const { return m_finestra->findChild<QLabel*>("lblOrario")->text(); }
+    [[nodiscard]] bool inAttesa() const {
+        return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
+    }
     void scegli(int formato);
+    void attendi();                      // begins to wait for the chronometer
     void sincronizza(const char* riga);  // the chronometer sends a line with that time
 
     std::unique_ptr<ProgrammaDiProva> m_programma;
@@ -73,28 +73,20 @@ QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
     return trovata;
 }
 
-QPushButton* tst_Orologio::pulsante(const char* nome) const {
-    return m_finestra->findChild<QPushButton*>(QString::fromLatin1(nome));
-}
-
-QString tst_Orologio::orario() const {
-    return m_finestra->findChild<QLabel*>("lblOrario")->text();
-}
-
-bool tst_Orologio::inAttesa() const {
-    return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
-}
-
 void tst_Orologio::scegli(int formato) {
-    opzione("optCOMTAG_1")->click();
-    opzione("optCOMTAB_2")->click();
+    for (const QString& nome : {QString("optCOMTAG_1"), QString("optCOMTAB_2")})
+        opzione(nome)->click();
     opzione(QString("optFormato_%1").arg(formato))->click();
 }
 
-void tst_Orologio::sincronizza(const char* ora) {
-    pulsante("cmdSynchro")->click();
+void tst_Orologio::attendi() {
+    premi("cmdSynchro");
     QVERIFY(inAttesa());
     QTRY_VERIFY(m_lineaTag->aperto());
+}
+
+void tst_Orologio::sincronizza(const char* ora) {
+    attendi();
     m_tag->invia(QByteArray("A").leftJustified(15) + ora + "   \r");
     QTRY_VERIFY(!inAttesa());
 }
@@ -103,15 +95,12 @@ void tst_Orologio::sincronizza(const char* ora) {
 void tst_Orologio::inAttesaEInMoto() {
     scegli(3);
     QVERIFY(!inAttesa());
-    pulsante("cmdSynchro")->click();
-    QVERIFY(inAttesa());
+    attendi();
     QCOMPARE(m_finestra->findChild<QLabel*>("lblAttesa")->text(), "Attesa Sincronizzazione con TAG CP 520");
-    QTRY_VERIFY(m_lineaTag->aperto() && m_lineaTab->aperto());
     QCOMPARE(m_lineaTag->formato(), "9600 8N1");
     QCOMPARE(m_lineaTab->formato(), "19200 8N1");
     m_tag->spezza(5, 1);
     m_tag->invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
-    QCOMPARE(orario(), "");
     QTRY_VERIFY(!inAttesa());
     QTRY_VERIFY(!m_lineaTag->aperto());
 
@@ -123,91 +112,75 @@ void tst_Orologio::inAttesaEInMoto() {
     QCOMPARE(m_tabellone->mostrati(), ordinati);
     // What is on the board is what is in the window.
     QTRY_COMPARE(m_tabellone->mostra(), SimulatoreTabellone::comeAppare(orario()));
+    opzione("optFormato_2")->click();
+    QTRY_VERIFY(orario().startsWith("2:3"));
 
-    pulsante("cmdEsci")->click();
+    premi("cmdEsci");
     QVERIFY(!m_finestra->isVisible());
     QTRY_COMPARE(m_tabellone->mostra(), "      ");
     QTRY_VERIFY(!m_lineaTab->aperto());
     QCOMPARE(m_tabellone->frameErrati(), 0);
 }
 
-void tst_Orologio::senzaPorte() {
-    const QString titolo = "Impossibile Avviare la Sincronizzazione";
-    const QString testo = "Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG";
+void tst_Orologio::rifiuti_data() {
+    QTest::addColumn<QStringList>("porte");
+    QTest::addColumn<QString>("titolo");
+    QTest::addColumn<QString>("testo");
+    const QString avvio = "Impossibile Avviare la Sincronizzazione";
+    const QString mancano = "Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG";
+    QTest::newRow("no port") << QStringList() << avvio << mancano;
+    QTest::newRow("no scoreboard") << QStringList("optCOMTAG_1") << avvio << mancano;
+    // One number may be chosen twice; it cannot be opened twice.
+    QTest::newRow("one port for both")
+        << QStringList({"optCOMTAG_2", "optCOMTAB_2"}) << "Impossibile Impostare la Porta COM"
+        << "Porta COM 2 NON Disponibile";
+}
+
+void tst_Orologio::rifiuti() {
+    QFETCH(QStringList, porte);
+    QFETCH(QString, titolo);
+    QFETCH(QString, testo);
+    for (const QString& porta : porte)
+        opzione(porta)->click();
     m_programma->dialoghi.attendiMessaggio(titolo, testo);
-    pulsante("cmdSynchro")->click();
-    opzione("optCOMTAG_1")->click();
-    m_programma->dialoghi.attendiMessaggio(titolo, testo);
-    pulsante("cmdSynchro")->click();
-    QVERIFY(!m_lineaTag->aperto());
+    premi("cmdSynchro");
+    QVERIFY(!inAttesa());
+    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
 }
 
 void tst_Orologio::portaNonDisponibile() {
+    const QString titolo = "Impossibile Impostare la Porta COM";
+    const QString testo = "Porta COM 1 NON Disponibile";
     scegli(1);
     m_lineaTag->stacca();
-    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
-                                           "Porta COM 1 NON Disponibile");
+    m_programma->dialoghi.attendiMessaggio(titolo, testo);
     opzione("optCOMTAB_1")->click();
     for (int i = 1; i <= 6; ++i)
         QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
     QVERIFY(opzione("optCOMTAG_1")->isChecked());
     // Gone between the choice and its use.
     opzione("optCOMTAB_2")->click();
-    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
-                                           "Porta COM 1 NON Disponibile");
-    pulsante("cmdSynchro")->click();
+    m_programma->dialoghi.attendiMessaggio(titolo, testo);
+    premi("cmdSynchro");
     QVERIFY(!inAttesa());
     m_lineaTag->attacca();
     sincronizza("12:34:56.78");
     QTRY_COMPARE(orario(), "12:34:57");
 }
 
-// One number may be chosen twice; it cannot be opened twice.
-void tst_Orologio::stessaPorta() {
-    opzione("optCOMTAG_2")->click();
-    opzione("optCOMTAB_2")->click();
-    QVERIFY(opzione("optCOMTAG_2")->isChecked());
-    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
-                                           "Porta COM 2 NON Disponibile");
-    pulsante("cmdSynchro")->click();
-    QVERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTab->aperto());
-}
-
-void tst_Orologio::annullata() {
-    scegli(3);
-    pulsante("cmdSynchro")->click();
-    QTRY_VERIFY(m_lineaTag->aperto());
-    m_tag->invia("half a line");
-    pulsante("cmdAnnulla")->click();
-    QVERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
-    // Nothing of it is left in the next one.
-    sincronizza("12:34:56.78");
-    QTRY_VERIFY(orario().startsWith("34:5"));
-}
-
-void tst_Orologio::cambioDiFormato() {
-    scegli(1);
-    sincronizza("12:34:56.78");
-    QCOMPARE(orario(), "");  // until the first tick
-    opzione("optFormato_3")->click();
-    QTRY_VERIFY(orario().startsWith("34:5"));
-    QVERIFY(orario() < "34:58:00");
-    opzione("optFormato_2")->click();
-    QTRY_VERIFY(orario().startsWith("2:34:"));
-}
-
-// The clock goes on while it waits for a new time.
+// The clock goes on while it waits for a new time; of a wait that was given up nothing is left.
 void tst_Orologio::nuovaSincronizzazione() {
     scegli(3);
+    attendi();
+    m_tag->invia("half a line");
+    premi("cmdAnnulla");
+    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
     sincronizza("12:34:56.78");
-    QTRY_VERIFY(!orario().isEmpty());
-    pulsante("cmdSynchro")->click();
-    QVERIFY(inAttesa());
+    QTRY_VERIFY(orario().startsWith("34:5"));
+    attendi();
     const QString prima = orario();
     QTRY_VERIFY(orario() > prima);
-    pulsante("cmdAnnulla")->click();
+    premi("cmdAnnulla");
     const QString dopo = orario();
     QTRY_VERIFY(orario() > dopo);
     sincronizza("23:00:00.00");
@@ -217,15 +190,13 @@ void tst_Orologio::nuovaSincronizzazione() {
 void tst_Orologio::impostazioni() {
     scegli(2);
     m_finestra->close();
-    const auto& valori = m_programma->impostazioni.valori;
-    QCOMPARE(valori.value("com/TABOrologio"), "2");
-    QCOMPARE(valori.value("com/TAGOrologio"), "1");
+    auto& valori = m_programma->impostazioni.valori;
+    QCOMPARE(valori.value("com/TABOrologio") + valori.value("com/TAGOrologio"), "21");
     QCOMPARE(valori.value("Formato/FormatoOrologio"), "2");
     m_finestra = std::make_unique<frmOrologio>();
-    QVERIFY(opzione("optCOMTAB_2")->isChecked());
-    QVERIFY(opzione("optCOMTAG_1")->isChecked());
-    QVERIFY(opzione("optFormato_2")->isChecked());
-    m_programma->impostazioni.valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
+    for (const char* scelta : {"optCOMTAB_2", "optCOMTAG_1", "optFormato_2"})
+        QVERIFY(opzione(scelta)->isChecked());
+    valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
     m_finestra = std::make_unique<frmOrologio>();
     QVERIFY(opzione("optFormato_1")->isChecked());
     QVERIFY(!opzione("optCOMTAG_1")->isChecked());
@@ -243,13 +214,9 @@ void tst_Orologio::staccato() {
     QFETCH(bool, tabellone);
     QFETCH(bool, inMoto);
     scegli(3);
-    if (inMoto) {
-        sincronizza("12:34:56.78");
+    inMoto ? sincronizza("12:34:56.78") : attendi();
+    if (inMoto)
         QTRY_VERIFY(m_tabellone->mostrati().size() > 5);
-    } else {
-        pulsante("cmdSynchro")->click();
-        QTRY_VERIFY(m_lineaTag->aperto());
-    }
     PseudoTerminale& linea = tabellone ? *m_lineaTab : *m_lineaTag;
     m_programma->dialoghi.attendiMessaggio("Errore", QString());
     linea.stacca();
@@ -266,8 +233,7 @@ void tst_Orologio::staccato() {
 
 void tst_Orologio::chiusaInAttesa() {
     scegli(1);
-    pulsante("cmdSynchro")->click();
-    QTRY_VERIFY(m_lineaTag->aperto());
+    attendi();
     m_finestra->close();
     QVERIFY(!m_finestra->isVisible());
     QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
