@@ -111,20 +111,12 @@ void tst_Assegnazione::pressostati() {
     QTEST(righe.join(" | "), "righe");
 }
 
+// The role is read back from the text, so this name turns an arrival into a start.
 void tst_Assegnazione::testiERuoli() {
-    const int altra = IDMan;
-    const int prima = nuovaProva({{"Nom", "Lungolago"}, {"Tem", "00:00:42"}});
-    nuovaProva({{"Nom", "Re-start"}, {"Tip", "PM"}, {"ConA", prima}});
-    nuovaManifestazione();
-    nuovaProva();
-    const QList<Pressostato> righe = elencaPressostati(leggiProveCronometrate(altra));
-    QCOMPARE(righe.size(), 3);
-    QCOMPARE(righe[0][0].testo, "START  -> PA - Lungolago - 00:00:42");
-    QCOMPARE(righe[1][0].testo, "ARRIVO -> PA - Lungolago - 00:00:42");
-    QCOMPARE(righe[1][1].testo, "START  -> PM - Re-start - 00:01:00");
-    // The role is read back from the text, so this name turns an arrival into a start.
-    QCOMPARE(righe[2][0].testo, "ARRIVO -> PM - Re-start - 00:01:00");
-    QCOMPARE(righe[2][0].ruolo(), Ruolo::Start);
+    nuovaProva({{"Nom", "Re-start"}, {"Tip", "PM"}, {"Tem", "00:00:42"}});
+    const Bersaglio arrivo = elencaPressostati(leggiProveCronometrate(IDMan)).last().first();
+    QCOMPARE(arrivo.testo, "ARRIVO -> PM - Re-start - 00:00:42");
+    QCOMPARE(arrivo.ruolo(), Ruolo::Start);
 }
 
 void tst_Assegnazione::posizionale_data() {
@@ -237,39 +229,26 @@ void tst_Assegnazione::ricerca() {
     QTEST(scartati.join(' '), "scartati");
 }
 
+// Two targets; a crew that is not entered takes the class of each one's kind.
 void tst_Assegnazione::ricercaNellArchivio() {
     nuovaProva();
     nuovaProva({{"Tip", "PM"}, {"ConA", 1}});
     const int uno = nuovoEquipaggio(1);
     nuovoEquipaggio(4);
     nuovoEquipaggio(4);  // one number, two crews: nobody's
-    // A crew that is not entered takes the class of each target's kind.
     const EsitoRicerca esito =
         ricercaErrori(leggi("9@10:00:01:00 1@10:00:02:00 1@10:00:03:00 @10:00:04:00 4@10:00:05:00"),
                       leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1),
                       false, segnato, [](const QString& tipo) { return tipo == "PM"; });
     for (int volta = 0; volta < 2; ++volta)  // the second replaces the first
         scriviRicerca(esito);
-
     QCOMPARE(contaRighe("TempRil"), 6);
     QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TArr='10:00:01-PA'"), 1);
     QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TPar='10:00:01+PM'"), 1);
-    QCOMPARE(contaRighe("TempRil", QStringLiteral("IDEqu_FK=%1").arg(uno)), 2);
-    QCOMPARE(contaRighe("ErroriSca", "IDEqu_FK IS NULL AND Equ IS NULL AND ErrIsc=1 AND ErrTroTem=0"), 2);
-    const QList<ErroreScarico> errori = leggiErrori();
-    QCOMPARE(descrivi(errori), QStringLiteral("9(0) Equipaggio NON Iscritto; 1(%1) Troppi Tempi; "
-                                              "4(0) Equipaggio NON Iscritto")
-                                   .arg(uno));
-    QCOMPARE(errori[1].equipaggio + errori[1].veicolo, "ROSSI BIANCHILANCIA APRILIA");
-    const QList<TempoScartato> scartati = leggiTempiScartati();
-    QCOMPARE(scartati.size(), 2);
-    QCOMPARE(scartati[0].tempo, "10:00:03:00");
-    QCOMPARE(scartati[1].num, 0);
-    azzeraScarico(Azzera::SoloTempi);
-    QCOMPARE(contaRighe("ErroriSca"), 3);
-    QVERIFY(!ciSonoTempiRicevuti());
-    azzeraScarico(Azzera::AncheErrori);
-    QCOMPARE(contaRighe("ErroriSca") + contaRighe("TempScar"), 0);
+    QCOMPARE(descrivi(leggiErrori()), QStringLiteral("9(0) Equipaggio NON Iscritto; 1(%1) Troppi Tempi; "
+                                                     "4(0) Equipaggio NON Iscritto")
+                                          .arg(uno));
+    QCOMPARE(contaRighe("TempScar"), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_Assegnazione)

@@ -1,14 +1,11 @@
+#include "BancoOnLine.h"
 #include "correction/ElencoEquipaggi.h"
 #include "correction/GrigliaRilevamenti.h"
-#include "simulatori/SimulatoreTabellone.h"
-#include "simulatori/SimulatoreTag.h"
-#include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 #include "timing/frmClassificaDiProvaInTempoReale.h"
 #include "timing/frmRicezioneONLINE.h"
 #include "timing/frmRXONLINE.h"
 #include "timing/frmSelezionaRXONLINE.h"
-#include "timing/PortaSeriale.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -29,7 +26,6 @@ private Q_SLOTS:
     void albero();
     void catenaSulTabellone_data();
     void catenaSulTabellone();
-    void rifiuti_data();
     void rifiuti();
     void interrotta_data();
     void interrotta();
@@ -43,15 +39,12 @@ private Q_SLOTS:
     void classifica();
 
 private:
+    void prepara(Dispositivo dispositivo);
     // Opens the reception of the current crew with cmdRX and runs `durante` while its window is on show.
     void ricevi(frmRicezioneONLINE& finestra, const std::function<void(frmRXONLINE&)>& durante);
     [[nodiscard]] QString lettura(int prova) const;
 
-    std::unique_ptr<ProgrammaDiProva> m_programma;
-    std::unique_ptr<PseudoTerminale> m_linea;
-    std::unique_ptr<PseudoTerminale> m_lineaTabellone;
-    std::unique_ptr<SimulatoreTag> m_tag;
-    std::unique_ptr<SimulatoreTabellone> m_tabellone;
+    std::unique_ptr<BancoOnLine> m_banco;
     QList<int> m_prove;  // a chain of three, then a test alone
     int m_idEqu = 0;
 };
@@ -98,9 +91,13 @@ void quandoAperta(QObject* contesto, const std::function<void(T&)>& azione) {
 }  // namespace
 
 void tst_FinestreOnLine::init() {
+    prepara(Dispositivo::CP520);
+}
+
+void tst_FinestreOnLine::prepara(Dispositivo dispositivo) {
     AtteseRicezione = {.errore = 60, .fineProva = 60, .totale = 60};
-    AtteseLinea = {};
-    m_programma = std::make_unique<ProgrammaDiProva>();
+    m_banco.reset();
+    m_banco = std::make_unique<BancoOnLine>(ProgrammaDiProva::Archivio::Aperto, dispositivo);
     nuovaManifestazione();
     m_prove.clear();
     for (int i = 1; i <= 4; ++i) {
@@ -109,19 +106,11 @@ void tst_FinestreOnLine::init() {
     }
     m_idEqu = nuovoEquipaggio(7);
     nuovoEquipaggio(12, {{"Cog", "VERDI"}, {"CogNav", "NERI"}, {"Omo", ""}});
-    m_linea = std::make_unique<PseudoTerminale>(PercorsoApp, 1);
-    m_lineaTabellone = std::make_unique<PseudoTerminale>(PercorsoApp, 2);
-    m_tag = std::make_unique<SimulatoreTag>(Dispositivo::CP520, *m_linea);
-    m_tabellone = std::make_unique<SimulatoreTabellone>(*m_lineaTabellone);
 }
 
 void tst_FinestreOnLine::cleanup() {
-    QVERIFY(m_programma->dialoghi.finite());
-    m_tag.reset();
-    m_tabellone.reset();
-    m_linea.reset();
-    m_lineaTabellone.reset();
-    m_programma.reset();
+    QVERIFY(m_banco->programma.dialoghi.finite());
+    m_banco.reset();
     AtteseRicezione = {};
 }
 
@@ -135,7 +124,7 @@ void tst_FinestreOnLine::ricevi(frmRicezioneONLINE& finestra,
     });
     premi(finestra, "cmdRX");
     QVERIFY(aperta);
-    QVERIFY(!m_linea->attaccato() || QTest::qWaitFor([&] { return !m_linea->aperto(); }));
+    QVERIFY(!m_banco->linea.attaccato() || QTest::qWaitFor([&] { return !m_banco->linea.aperto(); }));
 }
 
 QString tst_FinestreOnLine::lettura(int prova) const {
@@ -166,7 +155,7 @@ void tst_FinestreOnLine::albero() {
     QCOMPARE(scelta, "Castello 1 00:01:00 - Castello 2 00:01:00 - Castello 3 00:01:00");
 
     albero->clear();
-    m_programma->dialoghi.attendiMessaggio("Impossibile Selezionare", "Selezionare una Prova");
+    m_banco->programma.dialoghi.attendiMessaggio("Impossibile Selezionare", "Selezionare una Prova");
     premi(finestra, "cmdSeleziona");
 }
 
@@ -183,11 +172,10 @@ void tst_FinestreOnLine::catenaSulTabellone_data() {
 void tst_FinestreOnLine::catenaSulTabellone() {
     QFETCH(int, dispositivo);
     QFETCH(int, pezzo);
-    m_programma->impostazioni.valori = {
+    prepara(static_cast<Dispositivo>(dispositivo));
+    m_banco->programma.impostazioni.valori = {
         {"com/online", "1"}, {"com/tabellone", "2"}, {"chrono/offline", QString::number(dispositivo)}};
-    m_tag.reset();
-    m_tag = std::make_unique<SimulatoreTag>(static_cast<Dispositivo>(dispositivo), *m_linea);
-    m_tag->spezza(pezzo, 1);
+    m_banco->tag.spezza(pezzo, 1);
     AtteseRicezione.fineProva = 300;
     AtteseRicezione.totale = 300;
 
@@ -196,16 +184,16 @@ void tst_FinestreOnLine::catenaSulTabellone() {
         QCOMPARE(testo(rx, "lblEqu"), "N. 7 - ROSSI-BIANCHI - LANCIA APRILIA");
         QCOMPARE(testo(rx, "lblTempo"), "IN PARTENZA...");
         QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
-        QTRY_COMPARE(m_tabellone->mostrati(), QStringList({"      ", "PAr  7"}));
-        QCOMPARE(m_linea->formato(), "9600 8N1");
+        QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList({"      ", "PAr  7"}));
+        QCOMPARE(m_banco->linea.formato(), "9600 8N1");
 
-        m_tag->partenza();
+        m_banco->tag.partenza();
         QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
         QCOMPARE(rx.palette().color(QPalette::Window), QColor(0, 192, 0));
         QCOMPARE(lettura(1), "00:00:00:00>");
         QTRY_VERIFY(testo(rx, "lblCron") > "00:00:00:00");
 
-        m_tag->tempo(6234);
+        m_banco->tag.tempo(6234);
         QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 1 : 00:01:02:34");
         QCOMPARE(testo(rx, "lblTempo"), "TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
         QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 128, 0));
@@ -213,10 +201,9 @@ void tst_FinestreOnLine::catenaSulTabellone() {
         QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
         QCOMPARE(lettura(2), "00:01:02:34>");
 
-        m_tag->tempo(12134);
+        m_banco->tag.tempo(12134);
         QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
-        QVERIFY(controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
-        m_tag->tempo(18135);
+        m_banco->tag.tempo(18135);
         QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 3 : 00:01:00:01");
         QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
         QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
@@ -228,51 +215,37 @@ void tst_FinestreOnLine::catenaSulTabellone() {
     QCOMPARE(lettura(2), "00:01:02:34>00:02:01:34");
     QCOMPARE(lettura(3), "00:02:01:34>00:03:01:35");
     QCOMPARE(lettura(4), ">");
-    QTRY_COMPARE(m_tabellone->mostrati(),
+    QTRY_COMPARE(m_banco->tabellone.mostrati(),
                  QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
-    QCOMPARE(m_tabellone->frameErrati(), 0);
-    QVERIFY(!m_lineaTabellone->aperto());
+    QCOMPARE(m_banco->tabellone.frameErrati(), 0);
+    QVERIFY(!m_banco->lineaTabellone.aperto());
     // The readings are on show behind it.
     auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
     QCOMPARE(griglia->modello().righe()[2].tArr, "00:03:01:35");
     finestra.close();
-    QTRY_COMPARE(m_tabellone->mostrati().last(), "      ");
-}
-
-void tst_FinestreOnLine::rifiuti_data() {
-    QTest::addColumn<bool>("partito");
-    QTest::addColumn<QString>("avviso");
-    QTest::addColumn<QString>("letta");
-    const auto riga = [](const char* titolo, bool partito, const char* avviso, const char* letta) {
-        QTest::newRow(titolo) << partito << avviso << letta;
-    };
-    riga("time before the start", false, "RESET NON ESEGUITO", ">");
-    riga("two starts", true, "START CON VEICOLO IN PROVA", "00:00:00:00>");
+    QTRY_COMPARE(m_banco->tabellone.mostrati().last(), "      ");
 }
 
 // The window stays as long as its warning, whatever comes and whoever tries to close it.
 void tst_FinestreOnLine::rifiuti() {
-    QFETCH(bool, partito);
-    QFETCH(QString, avviso);
-    m_programma->impostazioni.valori = {{"com/tabellone", "2"}};
+    m_banco->programma.impostazioni.valori = {{"com/tabellone", "2"}};
     AtteseRicezione.errore = 300;
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
-        if (partito)
-            m_tag->partenza();
-        partito ? m_tag->partenza() : m_tag->tempo(6000);
-        QTRY_COMPARE(testo(rx, "lblTempo"), avviso);
+        m_banco->tag.partenza();
+        m_banco->tag.partenza();
+        QTRY_COMPARE(testo(rx, "lblTempo"), "START CON VEICOLO IN PROVA");
         QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 0, 0));
         QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
         QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
-        m_tag->partenza();
+        m_banco->tag.partenza();
         rx.close();
         QTest::keyClick(&rx, Qt::Key_Escape);
         QVERIFY(rx.isVisible());
         QTRY_VERIFY(!rx.isVisible());
     });
-    QTRY_COMPARE(m_tabellone->mostra(), SimulatoreTabellone::comeAppare("ERRORE"));
-    QTEST(lettura(1), "letta");
+    QTRY_COMPARE(m_banco->tabellone.mostra(), SimulatoreTabellone::comeAppare("ERRORE"));
+    QCOMPARE(lettura(1), "00:00:00:00>");
 }
 
 void tst_FinestreOnLine::interrotta_data() {
@@ -289,31 +262,31 @@ void tst_FinestreOnLine::interrotta_data() {
 void tst_FinestreOnLine::interrotta() {
     QFETCH(int, tempi);
     QFETCH(QString, come);
-    DialoghiDiProva& dialoghi = m_programma->dialoghi;
+    DialoghiDiProva& dialoghi = m_banco->programma.dialoghi;
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
         if (tempi >= 0)
-            m_tag->partenza();
+            m_banco->tag.partenza();
         if (tempi > 0)
-            m_tag->tempo(6234);
+            m_banco->tag.tempo(6234);
         QTRY_COMPARE(lettura(1), QStringList({">", "00:00:00:00>", "00:00:00:00>00:01:02:34"})[tempi + 1]);
         if (come == "wrong") {
             dialoghi.attendiMessaggio("ATTENZIONE!",
                                       "E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
                                       "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520.",
                                       Icona::Stop);
-            m_tag->tempo(32768);
+            m_banco->tag.tempo(32768);
             QTRY_VERIFY(!rx.isVisible());
             return;
         }
-        m_tag->invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
+        m_banco->tag.invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
         if (come == "stop") {
             premi(rx, "cmdArrestaRicezione");
         } else if (come == "close") {
             rx.close();
         } else {
             dialoghi.attendiMessaggio("Errore", QString());
-            m_linea->stacca();
+            m_banco->linea.stacca();
         }
         QTRY_VERIFY(!rx.isVisible());
         QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
@@ -326,11 +299,11 @@ void tst_FinestreOnLine::interrotta() {
         dialoghi.attendiMessaggio("Errore", QString());
         premi(finestra, "cmdRX");
         QVERIFY(dialoghi.finite());
-        m_linea->attacca();
+        m_banco->linea.attacca();
     }
     // The next run starts clean: the half frame is gone.
     ricevi(finestra, [&](frmRXONLINE& rx) {
-        m_tag->partenza();
+        m_banco->tag.partenza();
         QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
         premi(rx, "cmdArrestaRicezione");
     });
@@ -343,15 +316,15 @@ void tst_FinestreOnLine::archivioRifiuta() {
         QString("CREATE TRIGGER pieno BEFORE UPDATE OF TPar ON Rilevamenti WHEN NEW.IDPro_FK=%1 BEGIN SELECT "
                 "RAISE(ABORT,'disco pieno'); END")
             .arg(m_prove[2]));
-    m_programma->dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    m_banco->programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
-        m_tag->partenza();
-        m_tag->tempo(6234);
-        m_tag->tempo(12000);
+        m_banco->tag.partenza();
+        m_banco->tag.tempo(6234);
+        m_banco->tag.tempo(12000);
         QTRY_VERIFY(!rx.isVisible());
     });
-    const QString testo = m_programma->dialoghi.viste().last().testo;
+    const QString testo = m_banco->programma.dialoghi.viste().last().testo;
     QVERIFY2(
         testo.startsWith("Il tempo 00:02:00:00 dell'equipaggio n. 7 sulla prova \"Castello 2\" NON è stato "
                          "salvato."),
@@ -363,45 +336,35 @@ void tst_FinestreOnLine::archivioRifiuta() {
 
 // The times go on without the scoreboard, and the window says what is wrong with it.
 void tst_FinestreOnLine::tabelloneStaccato() {
-    m_programma->impostazioni.valori = {{"com/tabellone", "2"}};
+    m_banco->programma.impostazioni.valori = {{"com/tabellone", "2"}};
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
         auto* avviso = controllo<QLabel>(rx, "lblAvvisoTabellone");
         QVERIFY(!avviso->isVisible());
-        m_lineaTabellone->stacca();
-        m_tag->partenza();
+        m_banco->lineaTabellone.stacca();
+        m_banco->tag.partenza();
         QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
         QTRY_VERIFY(avviso->isVisible());
         QVERIFY(avviso->text().startsWith("Tabellone : Errore n. : "));
-        m_lineaTabellone->attacca();
-        m_tag->tempo(6234);
+        m_banco->lineaTabellone.attacca();
+        m_banco->tag.tempo(6234);
         QTRY_VERIFY(!avviso->isVisible());
         QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
         premi(rx, "cmdArrestaRicezione");
     });
-    QTRY_COMPARE(m_tabellone->mostra(), "  62.34");
-    m_lineaTabellone->stacca();
-    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+    QTRY_COMPARE(m_banco->tabellone.mostra(), "  62.34");
+    m_banco->lineaTabellone.stacca();
+    m_banco->programma.dialoghi.attendiMessaggio("Errore", QString());
     finestra.close();
     QVERIFY(!finestra.isVisible());
 }
 
 void tst_FinestreOnLine::portaNonValida() {
-    m_programma->impostazioni.valori = {{"com/online", "2"}, {"com/tabellone", "2"}};
+    m_banco->programma.impostazioni.valori = {{"com/online", "2"}, {"com/tabellone", "2"}};
     frmRicezioneONLINE finestra(catenaAttiva());
     finestra.show();
-    m_programma->dialoghi.attendiMessaggio("Porta COM NON Valida",
-                                           "La Porta COM 2 è Utilizzata dal Tabellone");
-    premi(finestra, "cmdRX");
-
-    // In use by another program.
-    PortaSeriale altra(Linea::Cronometro);
-    altra.impostaNumero(1);
-    QVERIFY(altra.apri());
-    controllo<QComboBox>(finestra, "cboPortaCOM")->setCurrentIndex(0);
-    m_programma->dialoghi.attendiMessaggio(
-        "Errore",
-        QString("Errore n. : %1 - Porta già in Uso oppure Accesso Negato").arg(QSerialPort::PermissionError));
+    m_banco->programma.dialoghi.attendiMessaggio("Porta COM NON Valida",
+                                                 "La Porta COM 2 è Utilizzata dal Tabellone");
     premi(finestra, "cmdRX");
 }
 
@@ -440,7 +403,7 @@ void tst_FinestreOnLine::sceltaTabellone() {
     frmRicezioneONLINE finestra(catenaAttiva());
     finestra.show();
     auto* spunta = controllo<QCheckBox>(finestra, "chkTabellone");
-    DialoghiDiProva& dialoghi = m_programma->dialoghi;
+    DialoghiDiProva& dialoghi = m_banco->programma.dialoghi;
     const auto rispondi = [&](const std::optional<QString>& numero) {
         dialoghi.attendiChiedi("Porta COM Tabellone",
                                "Inserire il Numero della Port COM (Seriale) a cui è Collegato il Tabellone",
@@ -457,7 +420,7 @@ void tst_FinestreOnLine::sceltaTabellone() {
         dialoghi.attendiMessaggio("Attenzione", "Numero di Porta Errato");
     }
     const PseudoTerminale altra(PercorsoApp, 5);
-    m_lineaTabellone->stacca();
+    m_banco->lineaTabellone.stacca();
     rispondi("2");
     dialoghi.attendiMessaggio("Errore", "Errore n. : 1 - Porta Inesistente");
     rispondi("1");
@@ -474,25 +437,24 @@ void tst_FinestreOnLine::sceltaTabellone() {
 }
 
 void tst_FinestreOnLine::impostazioni() {
-    auto& valori = m_programma->impostazioni.valori;
-    const auto apri = [](const QString& letti) {
+    auto& valori = m_banco->programma.impostazioni.valori;
+    const std::remove_reference_t<decltype(valori)> lasciati{
+        {"com/online", "4"}, {"chrono/offline", "1"}, {"com/tabellone", "2"}};
+    const std::remove_reference_t<decltype(valori)> guasti{
+        {"com/online", "77"}, {"chrono/offline", "?"}, {"com/tabellone", "-1"}};
+    for (const auto& [prima, letti] :
+         {std::pair{lasciati, "COM 4/TAG CP540/(COM 2)"}, {guasti, "COM 1/TAG CP520/"}}) {
+        valori = prima;
         frmRicezioneONLINE finestra(catenaAttiva());
-        QCOMPARE(QStringList({controllo<QComboBox>(finestra, "cboPortaCOM")->currentText(),
-                              controllo<QComboBox>(finestra, "cboChrono")->currentText(),
-                              testo(finestra, "lblComTabellone")})
-                     .join('/'),
+        QCOMPARE(controllo<QComboBox>(finestra, "cboPortaCOM")->currentText() + '/' +
+                     controllo<QComboBox>(finestra, "cboChrono")->currentText() + '/' +
+                     testo(finestra, "lblComTabellone"),
                  letti);
-        QCOMPARE(controllo<QCheckBox>(finestra, "chkTabellone")->isChecked(), !letti.endsWith('/'));
+        QCOMPARE(controllo<QCheckBox>(finestra, "chkTabellone")->isChecked(), prima == lasciati);
         finestra.show();
         finestra.close();
-    };
-    apri("COM 1/TAG CP520/");
-    QCOMPARE(valori.value("com/tabellone"), "");
-    const auto lasciati = valori = {{"com/online", "4"}, {"chrono/offline", "1"}, {"com/tabellone", "2"}};
-    apri("COM 4/TAG CP540/(COM 2)");
-    QCOMPARE(valori, lasciati);
-    valori = {{"com/online", "77"}, {"chrono/offline", "?"}, {"com/tabellone", "-1"}};
-    apri("COM 1/TAG CP520/");
+        QCOMPARE(valori == prima, prima == lasciati);
+    }
 }
 
 // Readings are corrected in the grid as at reception: a time runs along the chain.

@@ -1,6 +1,4 @@
-#include "simulatori/SimulatoreTabellone.h"
-#include "simulatori/SimulatoreTag.h"
-#include "supporto/ProgrammaDiProva.h"
+#include "BancoOnLine.h"
 #include "supporto/ProvaFinestre.h"
 #include "timing/frmOrologio.h"
 
@@ -8,7 +6,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 
 // The scoreboard clock, with a chronometer on port 1 and a scoreboard on port 2.
 class tst_Orologio final : public QObject {
@@ -38,32 +35,20 @@ private:
     void attendi();                      // begins to wait for the chronometer
     void sincronizza(const char* riga);  // the chronometer sends a line with that time
 
-    std::unique_ptr<ProgrammaDiProva> m_programma;
-    std::unique_ptr<PseudoTerminale> m_lineaTag;
-    std::unique_ptr<PseudoTerminale> m_lineaTab;
-    std::unique_ptr<SimulatoreTag> m_tag;
-    std::unique_ptr<SimulatoreTabellone> m_tabellone;
+    std::unique_ptr<BancoOnLine> m_banco;
     std::unique_ptr<frmOrologio> m_finestra;
 };
 
 void tst_Orologio::init() {
-    m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno);
-    m_lineaTag = std::make_unique<PseudoTerminale>(PercorsoApp, 1);
-    m_lineaTab = std::make_unique<PseudoTerminale>(PercorsoApp, 2);
-    m_tag = std::make_unique<SimulatoreTag>(Dispositivo::CP520, *m_lineaTag);
-    m_tabellone = std::make_unique<SimulatoreTabellone>(*m_lineaTab);
+    m_banco = std::make_unique<BancoOnLine>(ProgrammaDiProva::Archivio::Nessuno);
     m_finestra = std::make_unique<frmOrologio>();
     m_finestra->show();
 }
 
 void tst_Orologio::cleanup() {
-    QVERIFY(m_programma->dialoghi.finite());
+    QVERIFY(m_banco->programma.dialoghi.finite());
     m_finestra.reset();
-    m_tag.reset();
-    m_tabellone.reset();
-    m_lineaTag.reset();
-    m_lineaTab.reset();
-    m_programma.reset();
+    m_banco.reset();
 }
 
 QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
@@ -82,12 +67,12 @@ void tst_Orologio::scegli(int formato) {
 void tst_Orologio::attendi() {
     premi("cmdSynchro");
     QVERIFY(inAttesa());
-    QTRY_VERIFY(m_lineaTag->aperto());
+    QTRY_VERIFY(m_banco->linea.aperto());
 }
 
 void tst_Orologio::sincronizza(const char* ora) {
     attendi();
-    m_tag->invia(QByteArray("A").leftJustified(15) + ora + "   \r");
+    m_banco->tag.invia(QByteArray("A").leftJustified(15) + ora + "   \r");
     QTRY_VERIFY(!inAttesa());
 }
 
@@ -97,29 +82,29 @@ void tst_Orologio::inAttesaEInMoto() {
     QVERIFY(!inAttesa());
     attendi();
     QCOMPARE(m_finestra->findChild<QLabel*>("lblAttesa")->text(), "Attesa Sincronizzazione con TAG CP 520");
-    QCOMPARE(m_lineaTag->formato(), "9600 8N1");
-    QCOMPARE(m_lineaTab->formato(), "19200 8N1");
-    m_tag->spezza(5, 1);
-    m_tag->invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
+    QCOMPARE(m_banco->linea.formato(), "9600 8N1");
+    QCOMPARE(m_banco->lineaTabellone.formato(), "19200 8N1");
+    m_banco->tag.spezza(5, 1);
+    m_banco->tag.invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
     QTRY_VERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTag->aperto());
+    QTRY_VERIFY(!m_banco->linea.aperto());
 
-    QTRY_VERIFY(m_tabellone->mostrati().size() > 50);
+    QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 50);
     QVERIFY(orario() > "34:56:78");
-    QVERIFY(m_tabellone->mostrati().first().startsWith("34 "));
-    QStringList ordinati = m_tabellone->mostrati();
+    QVERIFY(m_banco->tabellone.mostrati().first().startsWith("34 "));
+    QStringList ordinati = m_banco->tabellone.mostrati();
     std::sort(ordinati.begin(), ordinati.end());
-    QCOMPARE(m_tabellone->mostrati(), ordinati);
+    QCOMPARE(m_banco->tabellone.mostrati(), ordinati);
     // What is on the board is what is in the window.
-    QTRY_COMPARE(m_tabellone->mostra(), SimulatoreTabellone::comeAppare(orario()));
+    QTRY_COMPARE(m_banco->tabellone.mostra(), SimulatoreTabellone::comeAppare(orario()));
     opzione("optFormato_2")->click();
     QTRY_VERIFY(orario().startsWith("2:3"));
 
     premi("cmdEsci");
     QVERIFY(!m_finestra->isVisible());
-    QTRY_COMPARE(m_tabellone->mostra(), "      ");
-    QTRY_VERIFY(!m_lineaTab->aperto());
-    QCOMPARE(m_tabellone->frameErrati(), 0);
+    QTRY_COMPARE(m_banco->tabellone.mostra(), "      ");
+    QTRY_VERIFY(!m_banco->lineaTabellone.aperto());
+    QCOMPARE(m_banco->tabellone.frameErrati(), 0);
 }
 
 void tst_Orologio::rifiuti_data() {
@@ -142,28 +127,28 @@ void tst_Orologio::rifiuti() {
     QFETCH(QString, testo);
     for (const QString& porta : porte)
         opzione(porta)->click();
-    m_programma->dialoghi.attendiMessaggio(titolo, testo);
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
     premi("cmdSynchro");
     QVERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
 }
 
 void tst_Orologio::portaNonDisponibile() {
     const QString titolo = "Impossibile Impostare la Porta COM";
     const QString testo = "Porta COM 1 NON Disponibile";
     scegli(1);
-    m_lineaTag->stacca();
-    m_programma->dialoghi.attendiMessaggio(titolo, testo);
+    m_banco->linea.stacca();
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
     opzione("optCOMTAB_1")->click();
     for (int i = 1; i <= 6; ++i)
         QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
     QVERIFY(opzione("optCOMTAG_1")->isChecked());
     // Gone between the choice and its use.
     opzione("optCOMTAB_2")->click();
-    m_programma->dialoghi.attendiMessaggio(titolo, testo);
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
     premi("cmdSynchro");
     QVERIFY(!inAttesa());
-    m_lineaTag->attacca();
+    m_banco->linea.attacca();
     sincronizza("12:34:56.78");
     QTRY_COMPARE(orario(), "12:34:57");
 }
@@ -172,9 +157,9 @@ void tst_Orologio::portaNonDisponibile() {
 void tst_Orologio::nuovaSincronizzazione() {
     scegli(3);
     attendi();
-    m_tag->invia("half a line");
+    m_banco->tag.invia("half a line");
     premi("cmdAnnulla");
-    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
     sincronizza("12:34:56.78");
     QTRY_VERIFY(orario().startsWith("34:5"));
     attendi();
@@ -190,12 +175,11 @@ void tst_Orologio::nuovaSincronizzazione() {
 void tst_Orologio::impostazioni() {
     scegli(2);
     m_finestra->close();
-    auto& valori = m_programma->impostazioni.valori;
-    QCOMPARE(valori.value("com/TABOrologio") + valori.value("com/TAGOrologio"), "21");
-    QCOMPARE(valori.value("Formato/FormatoOrologio"), "2");
+    auto& valori = m_banco->programma.impostazioni.valori;
     m_finestra = std::make_unique<frmOrologio>();
     for (const char* scelta : {"optCOMTAB_2", "optCOMTAG_1", "optFormato_2"})
         QVERIFY(opzione(scelta)->isChecked());
+    QCOMPARE(valori.value("com/TABOrologio") + valori.value("com/TAGOrologio"), "21");
     valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
     m_finestra = std::make_unique<frmOrologio>();
     QVERIFY(opzione("optFormato_1")->isChecked());
@@ -216,13 +200,13 @@ void tst_Orologio::staccato() {
     scegli(3);
     inMoto ? sincronizza("12:34:56.78") : attendi();
     if (inMoto)
-        QTRY_VERIFY(m_tabellone->mostrati().size() > 5);
-    PseudoTerminale& linea = tabellone ? *m_lineaTab : *m_lineaTag;
-    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+        QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 5);
+    PseudoTerminale& linea = tabellone ? m_banco->lineaTabellone : m_banco->linea;
+    m_banco->programma.dialoghi.attendiMessaggio("Errore", QString());
     linea.stacca();
-    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 1);
+    QTRY_COMPARE(m_banco->programma.dialoghi.viste().size(), 1);
     QVERIFY(!inAttesa());
-    QVERIFY(m_programma->dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
+    QVERIFY(m_banco->programma.dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
     // Stopped, and ready to begin again.
     const QString ferma = orario();
     QVERIFY(!QTest::qWaitFor([&] { return orario() != ferma; }, 50));
@@ -236,8 +220,8 @@ void tst_Orologio::chiusaInAttesa() {
     attendi();
     m_finestra->close();
     QVERIFY(!m_finestra->isVisible());
-    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
-    QTRY_COMPARE(m_tabellone->mostrati(), QStringList("      "));
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
+    QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList("      "));
 }
 
 PROVA_FINESTRE(tst_Orologio)

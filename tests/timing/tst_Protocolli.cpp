@@ -1,6 +1,7 @@
 #include "archive/ErroreArchivio.h"
 #include "supporto/PorteDiProva.h"
 #include "timing/Frame.h"
+#include "timing/Scaricamento.h"
 #include "timing/Scarico.h"
 #include "timing/Tabellone.h"
 
@@ -17,6 +18,8 @@ private Q_SLOTS:
     void tabellone();
     void portaDelTabellone();
     void diluvio();
+    void nonSiRiapre();
+    void gestoreCheFerma();
 };
 
 void tst_Protocolli::sommaDiControllo() {
@@ -121,12 +124,43 @@ void tst_Protocolli::diluvio() {
         RicevitoreFrame ricevitore(dispositivo);
         const QByteArray diluvio(1 << 20, 'T');
         QVERIFY(ricevitore.aggiungi(diluvio).isEmpty());
-        ricevitore.svuota();
-        QCOMPARE(ricevitore.inAttesa(), 0);
         QVERIFY(leggiRecord(dispositivo, diluvio).isEmpty());
         QVERIFY(leggiRecord(dispositivo, QByteArray(1 << 20, '\r')).isEmpty());
     }
 }
 
-QTEST_APPLESS_MAIN(tst_Protocolli)
+// The line goes away while the operator types the heat.
+void tst_Protocolli::nonSiRiapre() {
+    FabbricaDiProva fabbrica;
+    Scaricamento scaricamento;
+    PortaDiProva& porta = *fabbrica.ultima();
+    int guasti = 0;
+    connect(&scaricamento, &Scaricamento::guasta, this, [&] { ++guasti; });
+    QVERIFY(scaricamento.inizia(Dispositivo::CP540, 1));
+    porta.arriva(frameAccettato());
+    porta.guastoInApertura = {9, "Porta Scollegata"};
+    scaricamento.manche("7");
+    QCOMPARE(guasti, 1);
+    QCOMPARE(scaricamento.guasto().testo(), "Errore n. : 9 - Porta Scollegata");
+    QCOMPARE(scaricamento.stato(), Conversazione::Stato::Ferma);
+    porta.guastoInApertura = {};
+    QVERIFY(scaricamento.inizia(Dispositivo::CP540, 1));
+}
+
+// A window that stops, or is deleted, from within a signal hears nothing more of the same arrival.
+void tst_Protocolli::gestoreCheFerma() {
+    FabbricaDiProva fabbrica;
+    auto scaricamento = std::make_unique<Scaricamento>();
+    int finiti = 0;
+    connect(scaricamento.get(), &Scaricamento::datiInArrivo, this, [&] { scaricamento->ferma(); });
+    connect(scaricamento.get(), &Scaricamento::finito, this, [&] { ++finiti; });
+    QVERIFY(scaricamento->inizia(Dispositivo::CP540, 1));
+    fabbrica.ultima()->arriva(frameAccettato());
+    scaricamento->manche("7");
+    fabbrica.ultima()->arriva(frameAccettato() + "H1\r\nH2\r\n" + frameFine("7"));
+    QCOMPARE(finiti, 0);
+    QCOMPARE(scaricamento->stato(), Conversazione::Stato::Ferma);
+}
+
+QTEST_GUILESS_MAIN(tst_Protocolli)
 #include "tst_Protocolli.moc"

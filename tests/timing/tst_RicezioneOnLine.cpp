@@ -3,7 +3,6 @@
 #include "timing/OrologioTabellone.h"
 #include "timing/RicezioneOnLine.h"
 
-#include <QRegularExpression>
 #include <QTest>
 #include <random>
 
@@ -17,17 +16,12 @@ private Q_SLOTS:
     void cleanup() { m_programma.reset(); }
     void corsa_data();
     void corsa();
-    void precisione_data();
+    void primaInArchivio();
     void precisione();
     void penalita();
-    void primaInArchivio();
-    void fuoriPasso_data();
     void fuoriPasso();
-    void catene_data();
     void catene();
-    void orologioFormati_data();
     void orologioFormati();
-    void orologioPuntuale_data();
     void orologioPuntuale();
     void orologioCambioFormato();
 
@@ -199,47 +193,6 @@ void tst_RicezioneOnLine::corsa() {
     }
 }
 
-void tst_RicezioneOnLine::precisione_data() {
-    QTest::addColumn<int>("cifre");             // of 00:01:02:99 and 00:02:03:01 that the cut leaves
-    QTest::addColumn<QStringList>("parziali");  // the cut comes before the difference
-    QTest::newRow("CEN") << 11 << QStringList{"[  62.99]", "[  60.02]"};
-    QTest::newRow("DEC") << 10 << QStringList{"[   62.9]", "[   60.1]"};
-    QTest::newRow("SEC") << 9 << QStringList{"[     62]", "[     61]"};
-    QTest::newRow("MIN") << 6 << QStringList{"[       ]", "[       ]"};
-}
-
-void tst_RicezioneOnLine::precisione() {
-    QFETCH(int, cifre);
-    ParametriOnLine corsa = corsaDi(2);
-    const auto taglia = [=](const QString& tempo) {
-        return tempo.left(cifre) + QString("00:00:00:00").mid(cifre);
-    };
-    corsa.precisione = QTest::currentDataTag();
-    corsa.taglia = taglia;
-    RicezioneOnLine ricezione(corsa);
-    const QStringList accaduto = racconta(ricezione, corsa.dispositivo, "S T6299 T12301");
-    const QString t1 = taglia("00:01:02:99");
-    QCOMPARE(letture(), "00:00:00:00>" + t1 + ' ' + t1 + '>' + taglia("00:02:03:01"));
-    QTEST(accaduto.filter(QRegularExpression(R"(^\[ )")), "parziali");
-}
-
-// Three decimals, the Italian way; none where there is no formula for it.
-void tst_RicezioneOnLine::penalita() {
-    ParametriOnLine corsa = corsaDi(1);
-    for (const auto& [penalita, testo] :
-         {std::pair{std::optional(78.0), "PENALITA' TOTALI DELLA PROVA : 78"},
-          {std::optional(1234.56789), "PENALITA' TOTALI DELLA PROVA : 1234,568"}}) {
-        corsa.penalita = [p = penalita](int) { return p; };
-        RicezioneOnLine ricezione(corsa);
-        racconta(ricezione, corsa.dispositivo, "S T6234 A");
-        QCOMPARE(ricezione.schermo().lblTempo, testo);
-    }
-    corsa.penalita = [](int) { return std::nullopt; };
-    RicezioneOnLine ricezione(corsa);
-    racconta(ricezione, corsa.dispositivo, "S T6234");
-    QCOMPARE(ricezione.schermo().lblTempo, "TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : ?????");
-}
-
 // When the penalty is asked for, and so before anything is shown, another connection reads the new times; a
 // crew's missing rows are made, nothing else is touched.
 void tst_RicezioneOnLine::primaInArchivio() {
@@ -261,101 +214,109 @@ void tst_RicezioneOnLine::primaInArchivio() {
     QCOMPARE(viste, QStringList({"00:00:00:00>00:01:02:34 5", "00:01:02:34> "}));
 }
 
-void tst_RicezioneOnLine::fuoriPasso_data() {
-    QTest::addColumn<QByteArray>("prima");
-    QTest::newRow("stray character") << QByteArray("x");
-    QTest::newRow("line end") << QByteArray("\r");
-    QTest::newRow("other device") << SimulatoreTag::framePartenza(Dispositivo::CP540);
-    QTest::newRow("half a frame") << SimulatoreTag::framePartenza(Dispositivo::CP520).left(20);
-    QTest::newRow("a megabyte") << QByteArray(1 << 20, 'T');
+// The cut comes before the difference: to the second, 1:02.99 and 2:03.01 are 61 seconds apart.
+void tst_RicezioneOnLine::precisione() {
+    ParametriOnLine corsa = corsaDi(2);
+    for (const auto& [parola, cifre, primo, secondo] :
+         {std::tuple{"CEN", 11, "[  62.99]", "[  60.02]"}, std::tuple{"DEC", 10, "[   62.9]", "[   60.1]"},
+          std::tuple{"SEC", 9, "[     62]", "[     61]"}, std::tuple{"MIN", 6, "[       ]", "[       ]"}}) {
+        const auto taglia = [n = cifre](const QString& tempo) {
+            return tempo.left(n) + QString("00:00:00:00").mid(n);
+        };
+        corsa.precisione = parola;
+        corsa.taglia = taglia;
+        RicezioneOnLine ricezione(corsa);
+        const QStringList accaduto = racconta(ricezione, corsa.dispositivo, "S T6299 T12301");
+        const QString t1 = taglia("00:01:02:99");
+        QCOMPARE(letture(), "00:00:00:00>" + t1 + ' ' + t1 + '>' + taglia("00:02:03:01"));
+        QCOMPARE(accaduto.filter("[ "), QStringList({primo, secondo}));
+    }
+}
+
+// Three decimals, the Italian way; or none that can be said.
+void tst_RicezioneOnLine::penalita() {
+    ParametriOnLine corsa = corsaDi(1);
+    for (const auto& [penalita, eventi, testo] :
+         {std::tuple{std::optional(1234.56789), "S T6234 A", "PENALITA' TOTALI DELLA PROVA : 1234,568"},
+          std::tuple{std::optional<double>(), "S T6234", "TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : ?????"}}) {
+        corsa.penalita = [p = penalita](int) { return p; };
+        RicezioneOnLine ricezione(corsa);
+        racconta(ricezione, corsa.dispositivo, eventi);
+        QCOMPARE(ricezione.schermo().lblTempo, testo);
+    }
 }
 
 // There is no resynchronisation: nothing is taken for a frame any more, until the operator stops.
 void tst_RicezioneOnLine::fuoriPasso() {
-    QFETCH(QByteArray, prima);
-    RicezioneOnLine ricezione(corsaDi(1));
-    QVERIFY(arrivano(ricezione, prima).isEmpty());
-    QVERIFY(racconta(ricezione, Dispositivo::CP520, "S T6234 S").isEmpty());
-    QCOMPARE(letture(), ">");
-    QCOMPARE(racconta(ricezione, Dispositivo::CP520, "X"), QStringList({"ferma", "chiudi"}));
-}
-
-void tst_RicezioneOnLine::catene_data() {
-    // Kinds in order, a capital letter is chained; the chains of their places.
-    QTest::addColumn<QString>("catene");
-    const auto riga = [](const char* prove, const char* catene) { QTest::newRow(prove) << catene; };
-    riga("", "");
-    riga("aaa", "0/1/2");
-    riga("aAAaaA", "0,1,2/3/4,5");
-    riga("cacAmMA", "1,3,6");  // other kinds between
-    riga("cAAa", "1,2/3");     // the first one chained to a control
+    const ParametriOnLine corsa = corsaDi(1);
+    for (const QByteArray& prima :
+         {QByteArray("x"), QByteArray("\r"), SimulatoreTag::framePartenza(Dispositivo::CP540),
+          SimulatoreTag::framePartenza(Dispositivo::CP520).left(20), QByteArray(1 << 20, 'T')}) {
+        RicezioneOnLine ricezione(corsa);
+        QVERIFY(arrivano(ricezione, prima).isEmpty());
+        QVERIFY(racconta(ricezione, Dispositivo::CP520, "S T6234 S").isEmpty());
+        QCOMPARE(letture(), ">");
+        QCOMPARE(racconta(ricezione, Dispositivo::CP520, "X"), QStringList({"ferma", "chiudi"}));
+    }
 }
 
 void tst_RicezioneOnLine::catene() {
-    QList<ProvaCronometrata> elenco;
-    for (const QChar c : QString(QTest::currentDataTag())) {
-        const QString tipo = c.toLower() == 'a' ? "PA" : c.toLower() == 'c' ? "CO" : "PM";
-        elenco << ProvaCronometrata{int(elenco.size()), tipo, "Prova", "00:01:00", c.isUpper() ? 99 : 0};
+    // Kinds in order, a capital letter is chained; the chains of their places. Other kinds may stand between,
+    // and the first one may be chained to a control.
+    for (const auto& [prove, attese] : {std::pair{"", ""},
+                                        {"aaa", "0/1/2"},
+                                        {"aAAaaA", "0,1,2/3/4,5"},
+                                        {"cacAmMA", "1,3,6"},
+                                        {"cAAa", "1,2/3"}}) {
+        QList<ProvaCronometrata> elenco;
+        for (const QChar c : QString(prove)) {
+            const QString tipo = c.toLower() == 'a' ? "PA" : c.toLower() == 'c' ? "CO" : "PM";
+            elenco << ProvaCronometrata{int(elenco.size()), tipo, "Prova", "00:01:00", c.isUpper() ? 99 : 0};
+        }
+        QStringList catene;
+        for (const Catena& catena : elencaCatene(elenco)) {
+            QStringList posti;
+            for (const ProvaCronometrata& prova : catena)
+                posti << QString::number(prova.idPro);
+            catene << posti.join(',');
+        }
+        QCOMPARE(catene.join('/'), attese);
     }
-    QStringList catene;
-    for (const Catena& catena : elencaCatene(elenco)) {
-        QStringList posti;
-        for (const ProvaCronometrata& prova : catena)
-            posti << QString::number(prova.idPro);
-        catene << posti.join(',');
-    }
-    QTEST(catene.join('/'), "catene");
-}
-
-void tst_RicezioneOnLine::orologioFormati_data() {
-    QTest::addColumn<int>("formato");
-    QTest::addColumn<int>("centesimi");
-    QTest::addColumn<QString>("testo");  // one tick later
-    const auto riga = [](const char* titolo, int formato, int centesimi, const char* testo) {
-        QTest::newRow(titolo) << formato << centesimi << testo;
-    };
-    riga("1", 1, 4529678, "12:34:57");
-    riga("2", 2, 4529678, "2:34:56:8");
-    riga("3", 3, 4529678, "34:56:79");
-    riga("1 before ten", 1, 3240000, "9:00:01:");
-    riga("1 past midnight", 1, 8639950, "24:00:00");
 }
 
 void tst_RicezioneOnLine::orologioFormati() {
-    QFETCH(int, formato);
-    QFETCH(int, centesimi);
-    OrologioTabellone orologio;
-    orologio.impostaFormato(formato, 5'000'000'000);
-    orologio.sincronizza(centesimi, 9'123'456'789);
-    const qint64 prossimo = 9'123'456'789 + orologio.alProssimo(9'123'456'789) * 1'000'000LL;
-    QTEST(orologio.batti(prossimo), "testo");
-}
-
-void tst_RicezioneOnLine::orologioPuntuale_data() {
-    QTest::addColumn<int>("formato");
-    for (int formato = 1; formato <= 3; ++formato)
-        QTest::addRow("%d", formato) << formato;
+    for (const auto& [formato, centesimi, testo] :  // one tick later
+         {std::tuple{1, 4529678, "12:34:57"}, std::tuple{2, 4529678, "2:34:56:8"},
+          std::tuple{3, 4529678, "34:56:79"}, std::tuple{1, 3240000, "9:00:01:"},
+          std::tuple{1, 8639950, "24:00:00"}}) {
+        OrologioTabellone orologio;
+        orologio.impostaFormato(formato, 5'000'000'000);
+        orologio.sincronizza(centesimi, 9'123'456'789);
+        const qint64 prossimo = 9'123'456'789 + orologio.alProssimo(9'123'456'789) * 1'000'000LL;
+        QCOMPARE(orologio.batti(prossimo), testo);
+    }
 }
 
 // An hour of ticks, each late by up to three intervals: what is shown is never more than one tick behind, and
 // never ahead.
 void tst_RicezioneOnLine::orologioPuntuale() {
-    QFETCH(int, formato);
-    const FormatoOrologio& f = FormatiOrologio[formato - 1];
     constexpr int Partenza = 3600000;
-    OrologioTabellone orologio;
-    orologio.impostaFormato(formato, 0);
-    orologio.sincronizza(Partenza, 0);
-    std::mt19937 caso(4);
-    int precedente = Partenza;
-    for (qint64 adesso = 0; adesso < 3'600'000'000'000;) {
-        adesso += orologio.alProssimo(adesso) * 1'000'000LL + caso() % (3'000'000LL * f.intervallo);
-        orologio.batti(adesso);
-        const double vero = Partenza + static_cast<double>(adesso) / 10'000'000.0;
-        if (orologio.centesimi() > vero + 0.1 || orologio.centesimi() < vero - f.passo ||
-            orologio.centesimi() < precedente)
-            QFAIL(qPrintable(QString("%1 instead of %2").arg(orologio.centesimi()).arg(vero)));
-        precedente = orologio.centesimi();
+    for (int formato = 1; formato <= 3; ++formato) {
+        const FormatoOrologio& f = FormatiOrologio[formato - 1];
+        OrologioTabellone orologio;
+        orologio.impostaFormato(formato, 0);
+        orologio.sincronizza(Partenza, 0);
+        std::mt19937 caso(4);
+        int precedente = Partenza;
+        for (qint64 adesso = 0; adesso < 3'600'000'000'000;) {
+            adesso += orologio.alProssimo(adesso) * 1'000'000LL + caso() % (3'000'000LL * f.intervallo);
+            orologio.batti(adesso);
+            const double vero = Partenza + static_cast<double>(adesso) / 10'000'000.0;
+            if (orologio.centesimi() > vero + 0.1 || orologio.centesimi() < vero - f.passo ||
+                orologio.centesimi() < precedente)
+                QFAIL(qPrintable(QString("%1 instead of %2").arg(orologio.centesimi()).arg(vero)));
+            precedente = orologio.centesimi();
+        }
     }
 }
 
