@@ -232,7 +232,7 @@ void tst_GuastiOFFLINE::archivioGuasto() {
     dialoghi().attendiMessaggio("Salvataggio OK", "Salvataggio Completato", Icona::Informazione);
     m_banco->premi("cmdSalva");
     QCOMPARE(Gara::rilevamentiScritti(), 3);
-    esegui("UPDATE Rilevamenti SET TArr='' WHERE TPar=''");
+    esegui("UPDATE Rilevamenti SET TArr='' WHERE TPar=''");  // as cleanup() wants to find it
 }
 
 // A megabyte at once, half of it noise: the first times of each crew are kept.

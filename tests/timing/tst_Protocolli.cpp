@@ -17,7 +17,6 @@ private Q_SLOTS:
     void tabellone_data();
     void tabellone();
     void portaDelTabellone();
-    void diluvio();
     void nonSiRiapre();
     void gestoreCheFerma();
 };
@@ -116,17 +115,6 @@ void tst_Protocolli::portaDelTabellone() {
     prova.guastoInApertura = {13, "Porta Inesistente"};
     QVERIFY(!InviaTabellone(*porta, u"1"));
     QCOMPARE(porta->guasto().testo(), "Errore n. : 13 - Porta Inesistente");
-}
-
-// A burst must neither be kept nor make the decoders slow.
-void tst_Protocolli::diluvio() {
-    for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
-        RicevitoreFrame ricevitore(dispositivo);
-        const QByteArray diluvio(1 << 20, 'T');
-        QVERIFY(ricevitore.aggiungi(diluvio).isEmpty());
-        QVERIFY(leggiRecord(dispositivo, diluvio).isEmpty());
-        QVERIFY(leggiRecord(dispositivo, QByteArray(1 << 20, '\r')).isEmpty());
-    }
 }
 
 // The line goes away while the operator types the heat.

@@ -14,7 +14,6 @@ private Q_SLOTS:
     void cleanup() { m_gara.reset(); }
     void scarico_data();
     void scarico();
-    void fermata();
 
 private:
     DialoghiDiProva& dialoghi() { return m_gara->programma.dialoghi; }
@@ -122,22 +121,6 @@ void tst_RicezioneLista::scarico() {
         QCOMPARE(Gara::rilevamentiScritti(), 2);
     }
     QVERIFY(dialoghi().finite());
-}
-
-// A download that does not come to its end leaves the list as it was.
-void tst_RicezioneLista::fermata() {
-    AtteseLinea.silenzioCP520 = 60000;
-    SimulatoreTag tag(Dispositivo::CP520, m_gara->linea);
-    frmGestioneOrariDiPartenza finestra;
-    ricevi(finestra, [&](frmRicezioneLista& lista) {
-        premi(lista, "cmdIniziaRicezione");
-        tag.invia("T  ");
-        QTRY_COMPARE(lista.findChild<QLabel*>("lblStatus")->text(), "RICEZIONE\nIN CORSO");
-        premi(lista, "cmdArrestaRicezione");
-        premi(lista, "cmdIniziaRicezione");
-        QVERIFY(m_gara->linea.aperto());
-    });
-    QCOMPARE(elenco(finestra).size(), 1);
 }
 
 PROVA_FINESTRE(tst_RicezioneLista)

@@ -46,13 +46,11 @@ QStringList racconta(const RicezioneOnLine& ricezione, const RicezioneOnLine::Az
         {Cosa::Suona, "suona"},           {Cosa::DatoErrato, "dato errato"},
         {Cosa::PortaPerduta, "perduta"},  {Cosa::Chiudi, "chiudi"},
     };
-    static const QStringList Sfondi{"normale", "verde", "arancio", "rosso", "chiaro"};
     QStringList righe;
     for (const RicezioneOnLine::Azione& azione : azioni) {
         const RicezioneOnLine::Schermo& s = ricezione.schermo();
         if (azione.cosa == Cosa::Mostra)
-            righe << "mostra " + QStringList{Sfondi[int(s.sfondo)], s.lblImp, s.lblTempo}.join('|') +
-                         (s.tempoRidotto ? "|28" : "") + (s.arrestoPossibile ? "" : "|fermo");
+            righe << "mostra " + s.lblImp + '|' + s.lblTempo + (s.arrestoPossibile ? "" : "|fermo");
         else if (azione.cosa == Cosa::Tabellone)
             righe << "[" + azione.testo + "]";
         else if (azione.cosa == Cosa::Attendi)
@@ -140,27 +138,25 @@ void tst_RicezioneOnLine::corsa_data() {
         QTest::newRow(titolo) << prove << eventi << azioni << letture;
     };
 
-    const QStringList partito{"avvia", "mostra verde||PARTITO", "[IN   7]"};
+    const QStringList partito{"avvia", "mostra |PARTITO", "[IN   7]"};
     const auto rifiuto = [](const QString& testo) {
-        return QStringList{"ferma", "mostra rosso||" + testo + "|fermo", "[ERRORE]", "attendi 3000",
-                           "chiudi"};
+        return QStringList{"ferma", "mostra |" + testo + "|fermo", "[ERRORE]", "attendi 3000", "chiudi"};
     };
     const QString dueStart = "START CON VEICOLO IN PROVA";
-    const QString tempo1 = "TEMPO N° 1 : 00:01:02:34|TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234|28";
-    const QStringList primo =
-        partito + QStringList{"azzera", "suona", "mostra arancio|" + tempo1, "[  62.34]"};
+    const QString tempo1 = "TEMPO N° 1 : 00:01:02:34|TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234";
+    const QStringList primo = partito + QStringList{"azzera", "suona", "mostra " + tempo1, "[  62.34]"};
     const QStringList errato{"ferma", "[ERRORE]", "dato errato", "chiudi"};
     const char* dopoUno = "00:00:00:00>00:01:02:34 00:01:02:34>";
 
     riga("one test", 1, "S T6234 A A",
-         partito + QStringList{"azzera", "suona", "mostra arancio|" + tempo1 + "|fermo", "[  62.34]", "ferma",
+         partito + QStringList{"azzera", "suona", "mostra " + tempo1 + "|fermo", "[  62.34]", "ferma",
                                "attendi 2000",
-                               "mostra chiaro|PROVA TERMINATA|PENALITA' TOTALI DELLA PROVA : 234|28|fermo",
-                               "[P  234]", "attendi 4000", "chiudi"},
+                               "mostra PROVA TERMINATA|PENALITA' TOTALI DELLA PROVA : 234|fermo", "[P  234]",
+                               "attendi 4000", "chiudi"},
          "00:00:00:00>00:01:02:34");
     riga("time before the start", 2, "T6234 A", rifiuto("RESET NON ESEGUITO"), "> >");
     riga("second start", 2, "S S A", partito + rifiuto(dueStart), "00:00:00:00> >");
-    riga("second start after a time", 2, "S T6234 S A", primo + rifiuto(dueStart + "|28"), dopoUno);
+    riga("second start after a time", 2, "S T6234 S A", primo + rifiuto(dueStart), dopoUno);
     riga("elapsed time that goes back", 2, "S T6234 T6000 A", {},
          "00:00:00:00>00:01:02:34 00:01:02:34>00:01:00:00");
     riga("stopped before the start", 2, "X", {"ferma", "chiudi"}, "> >");
@@ -185,7 +181,7 @@ void tst_RicezioneOnLine::corsa() {
         init();
         RicezioneOnLine ricezione(corsaDi(prove, dispositivo));
         QCOMPARE(racconta(ricezione, ricezione.inizia()),
-                 QStringList({"ferma", "mostra normale||IN PARTENZA...", "tabellone vuoto", "[PAR  7]"}));
+                 QStringList({"ferma", "mostra |IN PARTENZA...", "tabellone vuoto", "[PAR  7]"}));
         const QStringList accaduto = racconta(ricezione, dispositivo, eventi);
         if (!azioni.isEmpty())
             QCOMPARE(accaduto, azioni);
