@@ -75,10 +75,11 @@ private:
 template <typename Finestra>
 class BancoScarico final {
 public:
-    template <typename... Argomenti>
-    explicit BancoScarico(Argomenti... argomenti) : finestra(argomenti...) {
+    // With the chronometer's port chosen, unless it shall be the one of the settings.
+    explicit BancoScarico(const QString& porta = "COM 2") {
         finestra.show();
-        trova<QComboBox>("cboPortaCOM")->setCurrentText("COM 2");
+        if (!porta.isEmpty())
+            trova<QComboBox>("cboPortaCOM")->setCurrentText(porta);
     }
 
     template <typename Controllo = QWidget>

@@ -65,24 +65,20 @@ QString scarico520(const QList<QByteArray>& pezzi) {
 
 // The first expected line names the heat that is asked for.
 QString scarico540(const QList<QByteArray>& pezzi, const QByteArray& atteso) {
-    const QByteArray prima = atteso.left(atteso.indexOf('\n'));
+    using Stato = Conversazione::Stato;
+    const QString prima = QString::fromLatin1(atteso.left(atteso.indexOf('\n')));
     Conversazione conversazione(Dispositivo::CP540);
     conversazione.inizia();
     conversazione.ricevuti(frameAccettato());
-    conversazione.manche(QString::fromLatin1(prima.mid(7)));
-    QString testo = QString::fromLatin1(prima) + '\n';
+    conversazione.manche(prima.mid(7));
     for (const QByteArray& pezzo : pezzi)
         conversazione.ricevuti(pezzo);
-    switch (conversazione.stato()) {
-        case Conversazione::Stato::Terminata:
-            return testo + righe(leggiRecord(Dispositivo::CP540, conversazione.flusso()));
-        case Conversazione::Stato::RichiestaManche:
-            return testo + "rifiutata\n";
-        case Conversazione::Stato::AttesaRisposta:
-            return testo + "senza risposta\n";
-        default:
-            return testo + "in ricezione\n";
-    }
+    const Stato stato = conversazione.stato();
+    return prima + '\n' +
+           (stato == Stato::Terminata         ? righe(leggiRecord(Dispositivo::CP540, conversazione.flusso()))
+            : stato == Stato::RichiestaManche ? "rifiutata\n"
+            : stato == Stato::AttesaRisposta  ? "senza risposta\n"
+                                              : "in ricezione\n");
 }
 
 QString identita(const QList<QByteArray>& pezzi) {
@@ -90,9 +86,9 @@ QString identita(const QList<QByteArray>& pezzi) {
     conversazione.inizia();
     for (const QByteArray& pezzo : pezzi)
         conversazione.ricevuti(pezzo);
-    if (conversazione.stato() != Conversazione::Stato::RichiestaManche)
-        return "senza risposta\n";
-    return QStringLiteral("serie %1\n").arg(conversazione.numeroDiSerie());
+    return conversazione.stato() == Conversazione::Stato::RichiestaManche
+               ? QStringLiteral("serie %1\n").arg(conversazione.numeroDiSerie())
+               : "senza risposta\n";
 }
 
 QString sincronismo(const QList<QByteArray>& pezzi) {
@@ -107,19 +103,12 @@ QString sincronismo(const QList<QByteArray>& pezzi) {
 }
 
 QString decodifica(const QString& decoder, const QList<QByteArray>& pezzi, const QByteArray& atteso) {
-    if (decoder == "online520")
-        return onLine(Dispositivo::CP520, pezzi);
-    if (decoder == "online540")
-        return onLine(Dispositivo::CP540, pezzi);
-    if (decoder == "scarico520")
-        return scarico520(pezzi);
-    if (decoder == "scarico540")
-        return scarico540(pezzi, atteso);
-    if (decoder == "identita")
-        return identita(pezzi);
-    if (decoder == "sincronismo")
-        return sincronismo(pezzi);
-    return "no decoder of that name\n";
+    return decoder == "online520"    ? onLine(Dispositivo::CP520, pezzi)
+           : decoder == "online540"  ? onLine(Dispositivo::CP540, pezzi)
+           : decoder == "scarico520" ? scarico520(pezzi)
+           : decoder == "scarico540" ? scarico540(pezzi, atteso)
+           : decoder == "identita"   ? identita(pezzi)
+                                     : sincronismo(pezzi);
 }
 
 }  // namespace

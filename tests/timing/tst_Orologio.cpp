@@ -1,15 +1,11 @@
-#include "simulatori/SimulatoreTabellone.h"
-#include "simulatori/SimulatoreTag.h"
-#include "supporto/ProgrammaDiProva.h"
+#include "BancoOnLine.h"
 #include "supporto/ProvaFinestre.h"
 #include "timing/frmOrologio.h"
-#include "timing/PortaSeriale.h"
 
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 
 // The scoreboard clock, with a chronometer on port 1 and a scoreboard on port 2.
 class tst_Orologio final : public QObject {
@@ -19,51 +15,38 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void inAttesaEInMoto();
-    void senzaPorte();
+    void rifiuti();
     void portaNonDisponibile();
-    void stessaPorta();
-    void annullata();
-    void cambioDiFormato();
     void nuovaSincronizzazione();
     void impostazioni();
     void staccato_data();
     void staccato();
-    void chiusaInAttesa();
 
 private:
     [[nodiscard]] QAbstractButton* opzione(const QString& nome) const;
-    [[nodiscard]] QPushButton* pulsante(const char* nome) const;
-    [[nodiscard]] QString orario() const;
-    [[nodiscard]] bool inAttesa() const;
+    void premi(const char* nome) const { m_finestra->findChild<QPushButton*>(nome)->click(); }
+    [[nodiscard]] QString orario() const { return m_finestra->findChild<QLabel*>("lblOrario")->text(); }
+    [[nodiscard]] bool inAttesa() const {
+        return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
+    }
     void scegli(int formato);
+    void attendi();                      // begins to wait for the chronometer
     void sincronizza(const char* riga);  // the chronometer sends a line with that time
 
-    std::unique_ptr<ProgrammaDiProva> m_programma;
-    std::unique_ptr<PseudoTerminale> m_lineaTag;
-    std::unique_ptr<PseudoTerminale> m_lineaTab;
-    std::unique_ptr<SimulatoreTag> m_tag;
-    std::unique_ptr<SimulatoreTabellone> m_tabellone;
+    std::unique_ptr<BancoOnLine> m_banco;
     std::unique_ptr<frmOrologio> m_finestra;
 };
 
 void tst_Orologio::init() {
-    m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno);
-    m_lineaTag = std::make_unique<PseudoTerminale>(PercorsoApp, 1);
-    m_lineaTab = std::make_unique<PseudoTerminale>(PercorsoApp, 2);
-    m_tag = std::make_unique<SimulatoreTag>(Dispositivo::CP520, *m_lineaTag);
-    m_tabellone = std::make_unique<SimulatoreTabellone>(*m_lineaTab);
+    m_banco = std::make_unique<BancoOnLine>(ProgrammaDiProva::Archivio::Nessuno);
     m_finestra = std::make_unique<frmOrologio>();
     m_finestra->show();
 }
 
 void tst_Orologio::cleanup() {
-    QVERIFY(m_programma->dialoghi.finite());
+    QVERIFY(m_banco->programma.dialoghi.finite());
     m_finestra.reset();
-    m_tag.reset();
-    m_tabellone.reset();
-    m_lineaTag.reset();
-    m_lineaTab.reset();
-    m_programma.reset();
+    m_banco.reset();
 }
 
 QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
@@ -73,29 +56,21 @@ QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
     return trovata;
 }
 
-QPushButton* tst_Orologio::pulsante(const char* nome) const {
-    return m_finestra->findChild<QPushButton*>(QString::fromLatin1(nome));
-}
-
-QString tst_Orologio::orario() const {
-    return m_finestra->findChild<QLabel*>("lblOrario")->text();
-}
-
-bool tst_Orologio::inAttesa() const {
-    return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
-}
-
 void tst_Orologio::scegli(int formato) {
-    opzione("optCOMTAG_1")->click();
-    opzione("optCOMTAB_2")->click();
+    for (const QString& nome : {QString("optCOMTAG_1"), QString("optCOMTAB_2")})
+        opzione(nome)->click();
     opzione(QString("optFormato_%1").arg(formato))->click();
 }
 
-void tst_Orologio::sincronizza(const char* ora) {
-    pulsante("cmdSynchro")->click();
+void tst_Orologio::attendi() {
+    premi("cmdSynchro");
     QVERIFY(inAttesa());
-    QTRY_VERIFY(m_lineaTag->aperto());
-    m_tag->invia(QByteArray("A").leftJustified(15) + ora + "   \r");
+    QTRY_VERIFY(m_banco->linea.aperto());
+}
+
+void tst_Orologio::sincronizza(const char* ora) {
+    attendi();
+    m_banco->tag.invia(QByteArray("A").leftJustified(15) + ora + "   \r");
     QTRY_VERIFY(!inAttesa());
 }
 
@@ -103,129 +78,104 @@ void tst_Orologio::sincronizza(const char* ora) {
 void tst_Orologio::inAttesaEInMoto() {
     scegli(3);
     QVERIFY(!inAttesa());
-    pulsante("cmdSynchro")->click();
-    QVERIFY(inAttesa());
+    attendi();
     QCOMPARE(m_finestra->findChild<QLabel*>("lblAttesa")->text(), "Attesa Sincronizzazione con TAG CP 520");
-    QTRY_VERIFY(m_lineaTag->aperto() && m_lineaTab->aperto());
-    QCOMPARE(m_lineaTag->formato(), "9600 8N1");
-    QCOMPARE(m_lineaTab->formato(), "19200 8N1");
-    m_tag->spezza(5, 1);
-    m_tag->invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
-    QCOMPARE(orario(), "");
+    QCOMPARE(m_banco->linea.formato(), "9600 8N1");
+    QCOMPARE(m_banco->lineaTabellone.formato(), "19200 8N1");
+    m_banco->tag.spezza(5, 1);
+    m_banco->tag.invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
     QTRY_VERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTag->aperto());
+    QTRY_VERIFY(!m_banco->linea.aperto());
 
-    QTRY_VERIFY(m_tabellone->mostrati().size() > 50);
+    QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 50);
     QVERIFY(orario() > "34:56:78");
-    QVERIFY(m_tabellone->mostrati().first().startsWith("34 "));
-    QStringList ordinati = m_tabellone->mostrati();
+    QVERIFY(m_banco->tabellone.mostrati().first().startsWith("34 "));
+    QStringList ordinati = m_banco->tabellone.mostrati();
     std::sort(ordinati.begin(), ordinati.end());
-    QCOMPARE(m_tabellone->mostrati(), ordinati);
+    QCOMPARE(m_banco->tabellone.mostrati(), ordinati);
     // What is on the board is what is in the window.
-    QTRY_COMPARE(m_tabellone->mostra(), SimulatoreTabellone::comeAppare(orario()));
+    QTRY_COMPARE(m_banco->tabellone.mostra(), SimulatoreTabellone::comeAppare(orario()));
+    opzione("optFormato_2")->click();
+    QTRY_VERIFY(orario().startsWith("2:3"));
 
-    pulsante("cmdEsci")->click();
+    premi("cmdEsci");
     QVERIFY(!m_finestra->isVisible());
-    QTRY_COMPARE(m_tabellone->mostra(), "      ");
-    QTRY_VERIFY(!m_lineaTab->aperto());
-    QCOMPARE(m_tabellone->frameErrati(), 0);
+    QTRY_COMPARE(m_banco->tabellone.mostra(), "      ");
+    QTRY_VERIFY(!m_banco->lineaTabellone.aperto());
+    QCOMPARE(m_banco->tabellone.frameErrati(), 0);
 }
 
-void tst_Orologio::senzaPorte() {
-    const QString titolo = "Impossibile Avviare la Sincronizzazione";
-    const QString testo = "Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG";
-    m_programma->dialoghi.attendiMessaggio(titolo, testo);
-    pulsante("cmdSynchro")->click();
-    opzione("optCOMTAG_1")->click();
-    m_programma->dialoghi.attendiMessaggio(titolo, testo);
-    pulsante("cmdSynchro")->click();
-    QVERIFY(!m_lineaTag->aperto());
+void tst_Orologio::rifiuti() {
+    const QString avvio = "Impossibile Avviare la Sincronizzazione";
+    const QString mancano = "Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG";
+    // One number may be chosen twice; it cannot be opened twice.
+    for (const auto& [porte, titolo, testo] :
+         {std::tuple{QStringList(), avvio, mancano}, std::tuple{QStringList("optCOMTAG_1"), avvio, mancano},
+          std::tuple{QStringList({"optCOMTAG_2", "optCOMTAB_2"}),
+                     QString("Impossibile Impostare la Porta COM"),
+                     QString("Porta COM 2 NON Disponibile")}}) {
+        for (const QString& porta : porte)
+            opzione(porta)->click();
+        m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+        premi("cmdSynchro");
+        QVERIFY(m_banco->programma.dialoghi.finite());
+        QVERIFY(!inAttesa());
+        QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
+    }
 }
 
 void tst_Orologio::portaNonDisponibile() {
+    const QString titolo = "Impossibile Impostare la Porta COM";
+    const QString testo = "Porta COM 1 NON Disponibile";
     scegli(1);
-    m_lineaTag->stacca();
-    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
-                                           "Porta COM 1 NON Disponibile");
+    m_banco->linea.stacca();
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
     opzione("optCOMTAB_1")->click();
     for (int i = 1; i <= 6; ++i)
         QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
     QVERIFY(opzione("optCOMTAG_1")->isChecked());
     // Gone between the choice and its use.
     opzione("optCOMTAB_2")->click();
-    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
-                                           "Porta COM 1 NON Disponibile");
-    pulsante("cmdSynchro")->click();
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+    premi("cmdSynchro");
     QVERIFY(!inAttesa());
-    m_lineaTag->attacca();
+    m_banco->linea.attacca();
     sincronizza("12:34:56.78");
     QTRY_COMPARE(orario(), "12:34:57");
 }
 
-// One number may be chosen twice; it cannot be opened twice.
-void tst_Orologio::stessaPorta() {
-    opzione("optCOMTAG_2")->click();
-    opzione("optCOMTAB_2")->click();
-    QVERIFY(opzione("optCOMTAG_2")->isChecked());
-    m_programma->dialoghi.attendiMessaggio("Impossibile Impostare la Porta COM",
-                                           "Porta COM 2 NON Disponibile");
-    pulsante("cmdSynchro")->click();
-    QVERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTab->aperto());
-}
-
-void tst_Orologio::annullata() {
-    scegli(3);
-    pulsante("cmdSynchro")->click();
-    QTRY_VERIFY(m_lineaTag->aperto());
-    m_tag->invia("half a line");
-    pulsante("cmdAnnulla")->click();
-    QVERIFY(!inAttesa());
-    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
-    // Nothing of it is left in the next one.
-    sincronizza("12:34:56.78");
-    QTRY_VERIFY(orario().startsWith("34:5"));
-}
-
-void tst_Orologio::cambioDiFormato() {
-    scegli(1);
-    sincronizza("12:34:56.78");
-    QCOMPARE(orario(), "");  // until the first tick
-    opzione("optFormato_3")->click();
-    QTRY_VERIFY(orario().startsWith("34:5"));
-    QVERIFY(orario() < "34:58:00");
-    opzione("optFormato_2")->click();
-    QTRY_VERIFY(orario().startsWith("2:34:"));
-}
-
-// The clock goes on while it waits for a new time.
+// The clock goes on while it waits for a new time; of a wait that was given up nothing is left.
 void tst_Orologio::nuovaSincronizzazione() {
     scegli(3);
+    attendi();
+    m_banco->tag.invia("half a line");
+    premi("cmdAnnulla");
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
     sincronizza("12:34:56.78");
-    QTRY_VERIFY(!orario().isEmpty());
-    pulsante("cmdSynchro")->click();
-    QVERIFY(inAttesa());
+    QTRY_VERIFY(orario().startsWith("34:5"));
+    attendi();
     const QString prima = orario();
     QTRY_VERIFY(orario() > prima);
-    pulsante("cmdAnnulla")->click();
+    premi("cmdAnnulla");
     const QString dopo = orario();
     QTRY_VERIFY(orario() > dopo);
     sincronizza("23:00:00.00");
     QTRY_VERIFY(orario().startsWith("00:0"));
 }
 
+// Closed while it waits: nothing stays open, and the choices are there the next time.
 void tst_Orologio::impostazioni() {
     scegli(2);
+    attendi();
     m_finestra->close();
-    const auto& valori = m_programma->impostazioni.valori;
-    QCOMPARE(valori.value("com/TABOrologio"), "2");
-    QCOMPARE(valori.value("com/TAGOrologio"), "1");
-    QCOMPARE(valori.value("Formato/FormatoOrologio"), "2");
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
+    QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList("      "));
+    auto& valori = m_banco->programma.impostazioni.valori;
     m_finestra = std::make_unique<frmOrologio>();
-    QVERIFY(opzione("optCOMTAB_2")->isChecked());
-    QVERIFY(opzione("optCOMTAG_1")->isChecked());
-    QVERIFY(opzione("optFormato_2")->isChecked());
-    m_programma->impostazioni.valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
+    for (const char* scelta : {"optCOMTAB_2", "optCOMTAG_1", "optFormato_2"})
+        QVERIFY(opzione(scelta)->isChecked());
+    QCOMPARE(valori.value("com/TABOrologio") + valori.value("com/TAGOrologio"), "21");
+    valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
     m_finestra = std::make_unique<frmOrologio>();
     QVERIFY(opzione("optFormato_1")->isChecked());
     QVERIFY(!opzione("optCOMTAG_1")->isChecked());
@@ -243,35 +193,21 @@ void tst_Orologio::staccato() {
     QFETCH(bool, tabellone);
     QFETCH(bool, inMoto);
     scegli(3);
-    if (inMoto) {
-        sincronizza("12:34:56.78");
-        QTRY_VERIFY(m_tabellone->mostrati().size() > 5);
-    } else {
-        pulsante("cmdSynchro")->click();
-        QTRY_VERIFY(m_lineaTag->aperto());
-    }
-    PseudoTerminale& linea = tabellone ? *m_lineaTab : *m_lineaTag;
-    m_programma->dialoghi.attendiMessaggio("Errore", QString());
+    inMoto ? sincronizza("12:34:56.78") : attendi();
+    if (inMoto)
+        QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 5);
+    PseudoTerminale& linea = tabellone ? m_banco->lineaTabellone : m_banco->linea;
+    m_banco->programma.dialoghi.attendiMessaggio("Errore", QString());
     linea.stacca();
-    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 1);
+    QTRY_COMPARE(m_banco->programma.dialoghi.viste().size(), 1);
     QVERIFY(!inAttesa());
-    QVERIFY(m_programma->dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
+    QVERIFY(m_banco->programma.dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
     // Stopped, and ready to begin again.
     const QString ferma = orario();
     QVERIFY(!QTest::qWaitFor([&] { return orario() != ferma; }, 50));
     linea.attacca();
     sincronizza("12:34:56.78");
     QTRY_VERIFY(orario() != ferma);
-}
-
-void tst_Orologio::chiusaInAttesa() {
-    scegli(1);
-    pulsante("cmdSynchro")->click();
-    QTRY_VERIFY(m_lineaTag->aperto());
-    m_finestra->close();
-    QVERIFY(!m_finestra->isVisible());
-    QTRY_VERIFY(!m_lineaTag->aperto() && !m_lineaTab->aperto());
-    QTRY_COMPARE(m_tabellone->mostrati(), QStringList("      "));
 }
 
 PROVA_FINESTRE(tst_Orologio)
