@@ -83,6 +83,7 @@ void frmMain::carica() {
     const QString nome = NomeManifestazione(IDMan);
     m_ui->lblMani->setText(nome.isEmpty() ? NessunaAttiva : nome);
     m_versione->setText(u"Ver. "_s + testoVersione(versioneProgramma()));
+    attivazione();  // before the first painting: the platform activates the window only later
 }
 
 void frmMain::creaMenu() {
