@@ -7,10 +7,10 @@
 #include "common/Public.h"
 #include "common/Valori.h"
 #include "Confronti.h"
+#include "download/Assegnazione.h"
+#include "live/frmOrologio.h"
+#include "live/frmRXONLINE.h"
 #include "Manifestazioni.h"
-#include "timing/Assegnazione.h"
-#include "timing/frmOrologio.h"
-#include "timing/frmRXONLINE.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>

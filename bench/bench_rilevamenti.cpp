@@ -3,10 +3,10 @@
 
 #include "archive/Statement.h"
 #include "Confronti.h"
-#include "correction/frmTempiManuale.h"
-#include "correction/ModelloRilevamenti.h"
-#include "correction/RicercaTempi.h"
 #include "Manifestazioni.h"
+#include "readings/frmTempiManuale.h"
+#include "readings/ModelloRilevamenti.h"
+#include "readings/RicercaTempi.h"
 
 #include <benchmark/benchmark.h>
 #include <QCoreApplication>

@@ -6,9 +6,9 @@
 #include "common/Public.h"
 #include "common/Valori.h"
 #include "Confronti.h"
+#include "download/ElencoPressostati.h"
+#include "download/frmRicezioneOFFLINE.h"
 #include "Manifestazioni.h"
-#include "timing/ElencoPressostati.h"
-#include "timing/frmRicezioneOFFLINE.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>

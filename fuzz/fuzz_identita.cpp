@@ -1,5 +1,5 @@
-#include "timing/Conversazione.h"
-#include "timing/Scarico.h"
+#include "devices/Conversazione.h"
+#include "devices/Scarico.h"
 #include "Verifica.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t lunghezza) {

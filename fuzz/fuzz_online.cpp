@@ -1,4 +1,4 @@
-#include "timing/Frame.h"
+#include "devices/Frame.h"
 #include "Verifica.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t lunghezza) {

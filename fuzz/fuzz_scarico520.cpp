@@ -1,4 +1,4 @@
-#include "timing/Scarico.h"
+#include "devices/Scarico.h"
 #include "Verifica.h"
 
 // Against the protocol taken word by word: one character at a time into a line buffer.

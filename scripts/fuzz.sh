@@ -14,7 +14,7 @@ for target in online scarico520 scarico540 identita; do
   corpus=build/fuzz/corpus/$target
   log=build/fuzz/$target.log
   mkdir -p "$corpus"
-  cp tests/timing/flussi/"$target"*.flusso "$corpus"
+  cp tests/devices/flussi/"$target"*.flusso "$corpus"
   if ! build/fuzz/fuzz/fuzz_$target "${limits[@]}" -max_len=4096 -timeout=10 -dict=fuzz/tag.dict \
     -artifact_prefix=build/fuzz/findings/"$target"- -print_final_stats=1 -verbosity=0 "$corpus" >"$log" 2>&1; then
     cat "$log"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "timing/Porta.h"
+#include "devices/Porta.h"
 
 #include <QList>
 

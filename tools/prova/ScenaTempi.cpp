@@ -1,8 +1,8 @@
 // The times that no chronometer gives, typed by hand, and the classification that comes of it all.
 
-#include "correction/GrigliaRilevamenti.h"
 #include "prova/Regia.h"
 #include "prova/Scene.h"
+#include "readings/GrigliaRilevamenti.h"
 #include "shell/frmMain.h"
 
 #include <QTableView>

@@ -1,6 +1,6 @@
 #include "simulatori/SimulatoreTabellone.h"
 
-#include "timing/Tabellone.h"
+#include "devices/Tabellone.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "simulatori/SimulatoreTag.h"
 
-#include "timing/Scarico.h"
+#include "devices/Scarico.h"
 
 #include <random>
 

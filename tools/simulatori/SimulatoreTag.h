@@ -1,7 +1,7 @@
 #pragma once
 
+#include "devices/Dispositivo.h"
 #include "simulatori/PseudoTerminale.h"
-#include "timing/Dispositivo.h"
 
 #include <optional>
 #include <QList>

@@ -1,0 +1,157 @@
+#include "readings/DelegatoRilevamenti.h"
+
+#include "common/Subroutine.h"
+#include "readings/EditorTempo.h"
+#include "readings/ModelloRilevamenti.h"
+
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int LunghezzaMotivo = 255;
+constexpr QColor SfondoRiga(0xE3, 0xEA, 0xFF);
+constexpr QColor SfondoCella(0x80, 0x80, 0xFF);
+
+struct Tinta {
+    QColor sfondo;
+    QColor testo;
+};
+
+Tinta tintaScarto(StileScarto stile) {
+    switch (stile) {
+        case StileScarto::Positivo:
+            return {QColor(0xD6, 0xE9, 0xFF), QColor(0x00, 0x3C, 0x96)};
+        case StileScarto::Negativo:
+            return {QColor(0xFF, 0xDF, 0xD6), QColor(0x9A, 0x1F, 0x00)};
+        case StileScarto::Netto:
+            return {QColor(0xD8, 0xF3, 0xD8), QColor(0x00, 0x5A, 0x14)};
+        case StileScarto::Errato:
+            break;
+    }
+    return {QColor(0xB0, 0x1E, 0x1E), Qt::white};
+}
+
+const ModelloRilevamenti& modello(const QModelIndex& indice) {
+    return static_cast<const ModelloRilevamenti&>(*indice.model());
+}
+
+QLineEdit* editorPenalita(QWidget* padre, ModoGriglia modo) {
+    auto* editor = new QLineEdit(padre);
+    editor->setAlignment(Qt::AlignRight);
+    // Whatever is typed by hand among the times passes the filter of digits; sanctions can be any number.
+    static const QRegularExpression cifre(u"\\d{0,9}"_s);
+    static const QRegularExpression numero(u"[+-]?\\d{0,9}([.,]\\d*)?"_s);
+    editor->setValidator(
+        new QRegularExpressionValidator(modo == ModoGriglia::Manuale ? cifre : numero, editor));
+    return editor;
+}
+
+}  // namespace
+
+std::optional<Mossa> mossaDelTasto(int tasto) {
+    switch (tasto) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Tab:
+            return Mossa::Avanti;
+        case Qt::Key_Backtab:
+            return Mossa::Indietro;
+        case Qt::Key_Up:
+            return Mossa::Su;
+        case Qt::Key_Down:
+            return Mossa::Giu;
+        case Qt::Key_Plus:
+            return Mossa::EquipaggioDopo;
+        case Qt::Key_Minus:
+            return Mossa::EquipaggioPrima;
+        default:
+            return std::nullopt;
+    }
+}
+
+DelegatoRilevamenti::DelegatoRilevamenti(QTableView* griglia)
+    : QStyledItemDelegate(griglia), m_griglia(griglia) {}
+
+QWidget* DelegatoRilevamenti::createEditor(QWidget* padre, const QStyleOptionViewItem& /*opzioni*/,
+                                           const QModelIndex& indice) const {
+    QLineEdit* editor = nullptr;
+    if (ModelloRilevamenti::diTempo(indice.column())) {
+        editor = new EditorTempo(padre);
+    } else if (indice.column() == ModelloRilevamenti::PenAgg) {
+        editor = editorPenalita(padre, modello(indice).modo());
+    } else {
+        editor = new QLineEdit(padre);
+        editor->setMaxLength(LunghezzaMotivo);
+    }
+    editor->setFrame(false);
+    EvidenziaCampo(editor);
+    m_editor = editor;
+    return editor;
+}
+
+void DelegatoRilevamenti::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& opzioni,
+                                               const QModelIndex& /*indice*/) const {
+    editor->setGeometry(opzioni.rect);
+}
+
+void DelegatoRilevamenti::setModelData(QWidget* editor, QAbstractItemModel* modelloDati,
+                                       const QModelIndex& indice) const {
+    if (static_cast<const QLineEdit*>(editor)->isModified())
+        QStyledItemDelegate::setModelData(editor, modelloDati, indice);
+}
+
+void DelegatoRilevamenti::destroyEditor(QWidget* editor, const QModelIndex& indice) const {
+    // A closed editor lives on until the event loop deletes it.
+    if (m_editor == editor)
+        m_editor.clear();
+    QStyledItemDelegate::destroyEditor(editor, indice);
+}
+
+void DelegatoRilevamenti::concludi() {
+    if (!m_editor)
+        return;
+    Q_EMIT commitData(m_editor);
+    Q_EMIT closeEditor(m_editor, NoHint);
+}
+
+bool DelegatoRilevamenti::cambiaEquipaggio(const QObject* editor) const {
+    return qobject_cast<const EditorTempo*>(editor) ||
+           static_cast<const ModelloRilevamenti*>(m_griglia->model())->modo() !=
+               ModoGriglia::PenalitaAggiuntive;
+}
+
+bool DelegatoRilevamenti::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress && oggetto == m_editor) {
+        const std::optional<Mossa> verso = mossaDelTasto(static_cast<QKeyEvent*>(evento)->key());
+        const bool diEquipaggio = verso == Mossa::EquipaggioDopo || verso == Mossa::EquipaggioPrima;
+        if (verso && (!diEquipaggio || cambiaEquipaggio(oggetto))) {
+            concludi();
+            Q_EMIT mossa(*verso);
+            return true;
+        }
+    }
+    return QStyledItemDelegate::eventFilter(oggetto, evento);
+}
+
+void DelegatoRilevamenti::initStyleOption(QStyleOptionViewItem* opzioni, const QModelIndex& indice) const {
+    QStyledItemDelegate::initStyleOption(opzioni, indice);
+    opzioni->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
+    const QModelIndex corrente = m_griglia->currentIndex();
+    Tinta tinta{Qt::white, Qt::black};
+    if (const QVariant stile = indice.data(ModelloRilevamenti::RuoloStile); stile.isValid()) {
+        tinta = tintaScarto(static_cast<StileScarto>(stile.toInt()));
+    } else if (indice == corrente) {
+        tinta = {SfondoCella, Qt::white};
+    } else if (indice.row() == corrente.row()) {
+        tinta.sfondo = SfondoRiga;
+    } else if (!modello(indice).modificabile(indice.column())) {
+        tinta.sfondo = QColor(0xF6, 0xF6, 0xF4);
+    }
+    opzioni->backgroundBrush = tinta.sfondo;
+    opzioni->palette.setColor(QPalette::Text, tinta.testo);
+    opzioni->font.setBold(indice.row() == corrente.row());
+}

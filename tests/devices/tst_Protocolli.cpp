@@ -1,0 +1,154 @@
+#include "archive/ErroreArchivio.h"
+#include "devices/Frame.h"
+#include "devices/Scaricamento.h"
+#include "devices/Scarico.h"
+#include "devices/Tabellone.h"
+#include "supporto/PorteDiProva.h"
+
+#include <QTest>
+
+class tst_Protocolli final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sommaDiControllo();
+    void manche_data();
+    void manche();
+    void tabellone_data();
+    void tabellone();
+    void portaDelTabellone();
+    void nonSiRiapre();
+    void gestoreCheFerma();
+};
+
+void tst_Protocolli::sommaDiControllo() {
+    QCOMPARE(SommaControlloTAG("AK C\t"), "00EF");
+    QCOMPARE(SommaControlloTAG("DE 07\t"), "0110");
+    // The last character is left out whatever it is; no character gives no sum.
+    QCOMPARE(SommaControlloTAG("AK CX"), "00EF");
+    QCOMPARE(SommaControlloTAG("x"), "0000");
+    QCOMPARE(SommaControlloTAG(""), "0000");
+    // Codes above 127 count as such: 128 times 255 is 7F80, the next one is too much.
+    const QByteArray grande(128, '\xff');
+    QCOMPARE(SommaControlloTAG(grande + '\t'), "7F80");
+    QVERIFY_EXCEPTION_THROWN(SommaControlloTAG(grande + "\xff\t"), Errore);
+}
+
+void tst_Protocolli::manche_data() {
+    QTest::addColumn<QString>("letta");  // Null: not accepted
+    for (const auto& [scritta, letta] : {std::pair{"1", "1"}, {"99", "99"}, {"07", "07"}, {" 7 ", "7"}})
+        QTest::newRow(scritta) << QString(letta);
+    for (const char* errata : {"", " ", "0", "00", "100", "-1", "+1", "7,5", "7.5", "1e1", "sette", "7 7",
+                               "99999999999999999999", "٧"})
+        QTest::newRow(errata) << QString();
+}
+
+void tst_Protocolli::manche() {
+    QTEST(leggiManche(QString::fromUtf8(QTest::currentDataTag())).value_or(QString()), "letta");
+}
+
+void tst_Protocolli::tabellone_data() {
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<QByteArray>("posizioni");
+    // "^" marks a position with its point.
+    const auto riga = [](const char* titolo, const QString& testo, const QByteArray& posizioni) {
+        QByteArray codici;
+        for (const char c : posizioni) {
+            if (codici.endsWith('^'))
+                codici.back() = static_cast<char>(c | 0x80);
+            else
+                codici += c;
+        }
+        QTest::newRow(titolo) << testo << codici;
+    };
+    riga("nothing", "", "      ");
+    riga("point inside", "1.23", "^123   ");
+    riga("comma inside", "1,23", "^123   ");
+    riga("two points", "1..2", "^1.2   ");
+    riga("point, comma, point", ".,.", "...   ");
+    riga("point on the sixth", "ERRORE.", "Err0r^E");
+    riga("point past the sixth", "ERRORE3.", "Err0rE");
+    riga("point on a blank", " .1", "^ 1    ");
+    riga("point on a character without code", "K.1", "^ 1    ");
+    riga("seven with a point", "1234.56", "123^456");
+    riga("beyond the sixth", "12345678", "123456");
+    riga("clock", "12:34:56", "12 34 ");
+    riga("digits and signs", "09'-8", "09'-8 ");
+    riga("shared codes", "bosz", "8052  ");
+    riga("lower case codes", "DR", "dr    ");
+    riga("own codes", "ACEFHI", "ACEFHI");
+    riga("own codes, rest", "lnpu", "LNPU  ");
+    riga("without code", "GJKMQT", "      ");
+    riga("without code, rest", "vwxyè\t", "      ");
+    riga("ready", tabellonePronto(7), "PAr  7");
+    riga("ready, four digits", tabellonePronto(1234), "PAr123");
+    riga("under way", tabellonePartito(12), "IN  12");
+    riga("penalty", tabellonePenalita("74"), "P   74");
+    riga("penalty with decimals", tabellonePenalita("1234,567"), "P123^45");
+    riga("partial, hundredths", tabelloneParziale(6234, "CEN"), "  6^234");
+    riga("partial, below a second", tabelloneParziale(5, "CEN"), "   ^005");
+    riga("partial, tenths", tabelloneParziale(6230, "DEC"), "   6^23");
+    riga("partial, seconds", tabelloneParziale(6299, "SEC"), "     6");
+    riga("partial, minutes", tabelloneParziale(6234, "MIN"), "      ");
+}
+
+void tst_Protocolli::tabellone() {
+    QFETCH(QString, testo);
+    QFETCH(QByteArray, posizioni);
+    QCOMPARE(frameTabellone(testo), "\x02\x11" + posizioni + '\x03');
+    QCOMPARE(frameTabellone(testo).size(), 9);
+}
+
+// A message opens and closes the port, unless it is held open.
+void tst_Protocolli::portaDelTabellone() {
+    FabbricaDiProva fabbrica;
+    const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Tabellone);
+    PortaDiProva& prova = *fabbrica.ultima();
+    QVERIFY(InviaTabellone(*porta, u"IN  12"));
+    QVERIFY(!porta->aperta());
+    QVERIFY(porta->apri());
+    QVERIFY(AzzeraTabellone(*porta));
+    QVERIFY(porta->aperta());
+    QCOMPARE(prova.aperture, 2);
+    QCOMPARE(prova.scritti, "\x02\x11IN  12\x03\x02\x11      \x03");
+    porta->chiudi();
+    prova.guastoInApertura = {13, "Porta Inesistente"};
+    QVERIFY(!InviaTabellone(*porta, u"1"));
+    QCOMPARE(porta->guasto().testo(), "Errore n. : 13 - Porta Inesistente");
+}
+
+// The line goes away while the operator types the heat.
+void tst_Protocolli::nonSiRiapre() {
+    FabbricaDiProva fabbrica;
+    Scaricamento scaricamento;
+    PortaDiProva& porta = *fabbrica.ultima();
+    int guasti = 0;
+    connect(&scaricamento, &Scaricamento::guasta, this, [&] { ++guasti; });
+    QVERIFY(scaricamento.inizia(Dispositivo::CP540, 1));
+    porta.arriva(frameAccettato());
+    porta.guastoInApertura = {9, "Porta Scollegata"};
+    scaricamento.manche("7");
+    QCOMPARE(guasti, 1);
+    QCOMPARE(scaricamento.guasto().testo(), "Errore n. : 9 - Porta Scollegata");
+    QCOMPARE(scaricamento.stato(), Conversazione::Stato::Ferma);
+    porta.guastoInApertura = {};
+    QVERIFY(scaricamento.inizia(Dispositivo::CP540, 1));
+}
+
+// A window that stops, or is deleted, from within a signal hears nothing more of the same arrival.
+void tst_Protocolli::gestoreCheFerma() {
+    FabbricaDiProva fabbrica;
+    auto scaricamento = std::make_unique<Scaricamento>();
+    int finiti = 0;
+    connect(scaricamento.get(), &Scaricamento::datiInArrivo, this, [&] { scaricamento->ferma(); });
+    connect(scaricamento.get(), &Scaricamento::finito, this, [&] { ++finiti; });
+    QVERIFY(scaricamento->inizia(Dispositivo::CP540, 1));
+    fabbrica.ultima()->arriva(frameAccettato());
+    scaricamento->manche("7");
+    fabbrica.ultima()->arriva(frameAccettato() + "H1\r\nH2\r\n" + frameFine("7"));
+    QCOMPARE(finiti, 0);
+    QCOMPARE(scaricamento->stato(), Conversazione::Stato::Ferma);
+}
+
+QTEST_GUILESS_MAIN(tst_Protocolli)
+#include "tst_Protocolli.moc"

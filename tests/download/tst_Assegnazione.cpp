@@ -1,0 +1,245 @@
+#include "download/RicercaErrori.h"
+#include "supporto/ProgrammaDiProva.h"
+
+#include <QTest>
+
+// From switches and records to readings, through the archive.
+class tst_Assegnazione final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_programma.reset(); }
+    void pressostati_data();
+    void pressostati();
+    void testiERuoli();
+    void posizionale_data();
+    void posizionale();
+    void salva();
+    void ricerca_data();
+    void ricerca();
+    void ricercaNellArchivio();
+
+private:
+    std::unique_ptr<ProgrammaDiProva> m_programma;
+};
+
+namespace {
+
+// Shows for what a time was cut: the class and the kind.
+QString segnato(const QString& tempo, bool suaClasse, const QString& tipo) {
+    return tempo.left(8) + (suaClasse ? '+' : '-') + tipo;
+}
+
+// "12@10:00:00:00", the number left out where the record has none.
+QList<RecordScarico> leggi(const QString& testo) {
+    QList<RecordScarico> record;
+    for (const QString& parola : testo.split(' ', Qt::SkipEmptyParts))
+        record << RecordScarico{parola.section('@', 0, 0).toInt(), parola.section('@', 1)};
+    return record;
+}
+
+QList<EquipaggioCronometrato> unoEDue() {
+    return {{101, 1, "ROSSI BIANCHI", "LANCIA APRILIA", true}, {102, 2, "VERDI NERI", "FIAT 1100", true}};
+}
+
+// Tests 1, 2... of these kinds; "+" marks a chained one.
+QList<Pressostato> pressostatiDi(const QString& testo) {
+    QList<ProvaCronometrata> elenco;
+    for (const QString& parola : testo.split(' ')) {
+        const int id = static_cast<int>(elenco.size()) + 1;
+        elenco << ProvaCronometrata{id, parola.left(2), "Prova", "00:01:00",
+                                    parola.endsWith('+') ? id - 1 : 0};
+    }
+    return elencaPressostati(elenco);
+}
+
+// The role and the test of a target or of a time.
+template <typename T>
+QString posto(Ruolo ruolo, const T& cosa) {
+    return (ruolo == Ruolo::Start ? "S" : "A") + QString::number(cosa.idPro);
+}
+
+QString descrivi(const QList<TempoRicevuto>& tempi) {
+    QStringList righe;
+    for (const TempoRicevuto& t : tempi)
+        righe << QStringLiteral("%1:%2=%3").arg(posto(t.ruolo, t)).arg(t.idEqu).arg(t.tempo.mid(6, 2));
+    return righe.join(' ');
+}
+
+QString descrivi(const QList<ErroreScarico>& errori) {
+    QStringList righe;
+    for (const ErroreScarico& e : errori)
+        righe << QStringLiteral("%1(%2) %3").arg(e.num).arg(e.idEqu).arg(e.testo());
+    return righe.join("; ");
+}
+
+}  // namespace
+
+void tst_Assegnazione::init() {
+    m_programma = std::make_unique<ProgrammaDiProva>();
+    nuovaManifestazione();
+}
+
+void tst_Assegnazione::pressostati_data() {
+    QTest::addColumn<QString>("righe");
+    const auto riga = [](const char* prove, const char* righe) { QTest::newRow(prove) << righe; };
+    riga("PA", "S1 | A1");
+    riga("PM PM", "S1 | A1 | S2 | A2");
+    riga("PA PA+ PA+", "S1 | A1,S2 | A2,S3 | A3");
+    riga("PA PM+", "S1 | A1,S2 | A2");
+    riga("PM PA+", "S1 | A1,S2 | A2");
+    riga("PA CO+ CO", "S1 | A1 | A2 | A3");
+    riga("PA CO PA+", "S1 | A1 | A2,S3 | A3");
+    riga("CO PA+ PA+", "A1,S2 | A2,S3 | A3");
+    riga("CO PA CO+", "A1 | S2 | A2 | A3");
+    riga("CO CO+", "A1,S2 | A2");
+    riga("CO CO+ PA+", "A1,S2,S3 | A2,S3 | A3");
+    riga("CO CO PA+", "A1,S3 | A2,S3 | A3");
+    riga("CO CO+ PA PA+", "A1,S2 | A2 | S3 | A3,S4 | A4");
+    riga("CO CO+ CO+ PM+", "A1,S2,S4 | A2,S3,S4 | A3,S4 | A4");
+}
+
+void tst_Assegnazione::pressostati() {
+    QStringList righe;
+    for (const Pressostato& pressostato : pressostatiDi(QTest::currentDataTag())) {
+        QStringList bersagli;
+        for (const Bersaglio& b : pressostato)
+            bersagli << posto(b.ruolo(), b);
+        righe << bersagli.join(',');
+    }
+    QTEST(righe.join(" | "), "righe");
+}
+
+// The role is read back from the text, so this name turns an arrival into a start.
+void tst_Assegnazione::testiERuoli() {
+    nuovaProva({{"Nom", "Re-start"}, {"Tip", "PM"}, {"Tem", "00:00:42"}});
+    const Bersaglio arrivo = elencaPressostati(leggiProveCronometrate(IDMan)).last().first();
+    QCOMPARE(arrivo.testo, "ARRIVO -> PM - Re-start - 00:00:42");
+    QCOMPARE(arrivo.ruolo(), Ruolo::Start);
+}
+
+void tst_Assegnazione::posizionale_data() {
+    QTest::addColumn<bool>("soloPrimo");
+    QTest::addColumn<QString>("record");
+    QTest::addColumn<QString>("tempi");
+    QTest::addColumn<QList<int>>("scartati");
+    const auto riga = [](const char* titolo, bool soloPrimo, const char* record, const char* tempi,
+                         const QList<int>& scartati) {
+        QTest::newRow(titolo) << soloPrimo << record << tempi << scartati;
+    };
+    riga("none", false, "", "", {});
+    riga("two crews, mixed", false, "1@10:00:01:00 2@10:00:02:00 2@10:00:03:00 1@10:00:04:00",
+         "S1:101=01 S1:102=02 A1:102=03 A1:101=04", {});
+    riga("the clock does not count", false, "1@10:00:09:00 1@10:00:05:00", "S1:101=09 A1:101=05", {});
+    riga("a third time", false, "1@10:00:01:00 1@10:00:02:00 1@10:00:03:00", "S1:101=01 A1:101=02", {1});
+    riga("unknown number", false, "9@10:00:01:00 1@10:00:02:00", "S1:101=02", {9});
+    riga("no number", false, "1@10:00:01:00 @10:00:02:00", "S1:101=01", {0});
+    riga("number for the first switch alone", true,
+         "1@10:00:01:00 @10:00:02:00 2@10:00:03:00 @10:00:04:00 @10:00:05:00",
+         "S1:101=01 A1:101=02 S1:102=03 A1:102=04", {2});
+    riga("first record without number", true, "@10:00:01:00 1@10:00:02:00", "S1:101=02", {0});
+    riga("unknown number and its followers", true, "9@10:00:01:00 @10:00:02:00 1@10:00:03:00", "S1:101=03",
+         {9, 9});
+}
+
+void tst_Assegnazione::posizionale() {
+    QFETCH(bool, soloPrimo);
+    QFETCH(QString, record);
+    int sentiti = 0;
+    const EsitoAssegnazione esito = assegnaTempi(leggi(record), unoEDue(), pressostatiDi("PA"), soloPrimo,
+                                                 segnato, [&](const RecordScarico&) { ++sentiti; });
+    QTEST(descrivi(esito.tempi), "tempi");
+    QCOMPARE(esito.validi, esito.tempi.size());
+    QCOMPARE(sentiti, esito.validi);
+    QCOMPARE(esito.previsti, 4);
+    QList<int> scartati;
+    for (const RecordScartato& scartato : esito.scartati)
+        scartati << scartato.record.numero;
+    QTEST(scartati, "scartati");
+}
+
+// The last of two times counts; an empty one (no precision for the kind) and a crew that is not entered write
+// nothing, nor does the test that was not chosen.
+void tst_Assegnazione::salva() {
+    const int prima = nuovaProva({{"Svo", 0}});
+    nuovaProva({{"Svo", 0}});
+    const int e1 = nuovoEquipaggio(1);
+    const int e2 = nuovoEquipaggio(2);
+    scriviRilevamento(e1, prima, "09:00:00:00", "09:01:00:00", 5);
+    scriviTempRil({{prima, e1, 1, Ruolo::Arrivo, "10:00:00:01"},
+                   {prima, e1, 1, Ruolo::Arrivo, "10:00:00:02"},
+                   {prima, e2, 2, Ruolo::Arrivo, ""},
+                   {prima, 0, 9, Ruolo::Arrivo, "10:00:00:03"}});
+    salvaTempi(elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1));
+    QVERIFY(!ciSonoTempiRicevuti());
+    QCOMPARE(contaRighe("Rilevamenti", "TPar='09:00:00:00' AND TArr='10:00:00:02' AND PenAgg=5"), 1);
+    QCOMPARE(contaRighe("Rilevamenti", "TPar<>'' OR TArr<>''"), 1);
+    QCOMPARE(contaRighe("Prove", "Svo=1"), 1);
+}
+
+void tst_Assegnazione::ricerca_data() {
+    QTest::addColumn<bool>("soloPrimo");
+    QTest::addColumn<QString>("record");
+    QTest::addColumn<QString>("tempi");
+    QTest::addColumn<QString>("errori");
+    QTest::addColumn<QString>("scartati");
+    const auto riga = [](const char* titolo, bool soloPrimo, const char* record, const char* tempi,
+                         const char* errori, const char* scartati) {
+        QTest::newRow(titolo) << soloPrimo << record << tempi << errori << scartati;
+    };
+    // Crews 1 and 2 are entered, two switches.
+    riga("all in order", false, "1@10:00:01:00 1@10:00:02:00 2@10:00:03:00 2@10:00:04:00",
+         "S1:101=01 A1:101=02 S1:102=03 A1:102=04", "", "");
+    riga("too few, and none", false, "1@10:00:01:00", "S1:101=01", "1(101) Pochi Tempi; 2(102) Pochi Tempi",
+         "");
+    riga("too many", false,
+         "1@10:00:01:00 1@10:00:02:00 1@10:00:03:00 1@10:00:04:00 2@10:00:05:00 2@10:00:06:00",
+         "S1:101=01 A1:101=02 S1:102=05 A1:102=06", "1(101) Troppi Tempi", "1@03 1@04");
+    riga("not entered", false, "9@10:00:01:00 9@10:00:02:00 9@10:00:03:00", "S1:0=01 A1:0=02",
+         "9(0) Equipaggio NON Iscritto, Troppi Tempi; 1(101) Pochi Tempi; 2(102) Pochi Tempi", "9@03");
+    riga("not entered, too few", false, "8@10:00:01:00", "S1:0=01",
+         "8(0) Equipaggio NON Iscritto, Pochi Tempi; 1(101) Pochi Tempi; 2(102) Pochi Tempi", "");
+    riga("without number", false, "@10:00:01:00", "", "1(101) Pochi Tempi; 2(102) Pochi Tempi", "0@01");
+    riga("number for the first switch alone", true,
+         "@10:00:01:00 1@10:00:02:00 @10:00:03:00 2@10:00:04:00 @10:00:05:00 @10:00:06:00",
+         "S1:101=02 A1:101=03 S1:102=04 A1:102=05", "2(102) Troppi Tempi", "0@01 2@06");
+}
+
+void tst_Assegnazione::ricerca() {
+    QFETCH(bool, soloPrimo);
+    QFETCH(QString, record);
+    const EsitoRicerca esito = ricercaErrori(leggi(record), unoEDue(), pressostatiDi("PA"), soloPrimo,
+                                             segnato, [](const QString&) { return false; });
+    QTEST(descrivi(esito.tempi), "tempi");
+    QTEST(descrivi(esito.errori), "errori");
+    QStringList scartati;
+    for (const TempoScartato& t : esito.scartati)
+        scartati << QStringLiteral("%1@%2").arg(t.num).arg(t.tempo.mid(6, 2));
+    QTEST(scartati.join(' '), "scartati");
+}
+
+// Two targets; a crew that is not entered takes the class of each one's kind.
+void tst_Assegnazione::ricercaNellArchivio() {
+    nuovaProva();
+    nuovaProva({{"Tip", "PM"}, {"ConA", 1}});
+    const int uno = nuovoEquipaggio(1);
+    nuovoEquipaggio(4);
+    nuovoEquipaggio(4);  // one number, two crews: nobody's
+    const EsitoRicerca esito =
+        ricercaErrori(leggi("9@10:00:01:00 1@10:00:02:00 1@10:00:03:00 @10:00:04:00 4@10:00:05:00"),
+                      leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1),
+                      false, segnato, [](const QString& tipo) { return tipo == "PM"; });
+    for (int volta = 0; volta < 2; ++volta)  // the second replaces the first
+        scriviRicerca(esito);
+    QCOMPARE(contaRighe("TempRil"), 6);
+    QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TArr='10:00:01-PA'"), 1);
+    QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TPar='10:00:01+PM'"), 1);
+    QCOMPARE(descrivi(leggiErrori()), QStringLiteral("9(0) Equipaggio NON Iscritto; 1(%1) Troppi Tempi; "
+                                                     "4(0) Equipaggio NON Iscritto")
+                                          .arg(uno));
+    QCOMPARE(contaRighe("TempScar"), 2);
+}
+
+QTEST_GUILESS_MAIN(tst_Assegnazione)
+#include "tst_Assegnazione.moc"

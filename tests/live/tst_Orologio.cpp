@@ -1,0 +1,214 @@
+#include "BancoOnLine.h"
+#include "live/frmOrologio.h"
+#include "supporto/ProvaFinestre.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+// The scoreboard clock, with a chronometer on port 1 and a scoreboard on port 2.
+class tst_Orologio final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void inAttesaEInMoto();
+    void rifiuti();
+    void portaNonDisponibile();
+    void nuovaSincronizzazione();
+    void impostazioni();
+    void staccato_data();
+    void staccato();
+
+private:
+    [[nodiscard]] QAbstractButton* opzione(const QString& nome) const;
+    void premi(const char* nome) const { m_finestra->findChild<QPushButton*>(nome)->click(); }
+    [[nodiscard]] QString orario() const { return m_finestra->findChild<QLabel*>("lblOrario")->text(); }
+    [[nodiscard]] bool inAttesa() const {
+        return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
+    }
+    void scegli(int formato);
+    void attendi();                      // begins to wait for the chronometer
+    void sincronizza(const char* riga);  // the chronometer sends a line with that time
+
+    std::unique_ptr<BancoOnLine> m_banco;
+    std::unique_ptr<frmOrologio> m_finestra;
+};
+
+void tst_Orologio::init() {
+    m_banco = std::make_unique<BancoOnLine>(ProgrammaDiProva::Archivio::Nessuno);
+    m_finestra = std::make_unique<frmOrologio>();
+    m_finestra->show();
+}
+
+void tst_Orologio::cleanup() {
+    QVERIFY(m_banco->programma.dialoghi.finite());
+    m_finestra.reset();
+    m_banco.reset();
+}
+
+QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
+    auto* trovata = m_finestra->findChild<QRadioButton*>(nome);
+    if (!trovata)
+        qFatal("no option %s", qPrintable(nome));
+    return trovata;
+}
+
+void tst_Orologio::scegli(int formato) {
+    for (const QString& nome : {QString("optCOMTAG_1"), QString("optCOMTAB_2")})
+        opzione(nome)->click();
+    opzione(QString("optFormato_%1").arg(formato))->click();
+}
+
+void tst_Orologio::attendi() {
+    premi("cmdSynchro");
+    QVERIFY(inAttesa());
+    QTRY_VERIFY(m_banco->linea.aperto());
+}
+
+void tst_Orologio::sincronizza(const char* ora) {
+    attendi();
+    m_banco->tag.invia(QByteArray("A").leftJustified(15) + ora + "   \r");
+    QTRY_VERIFY(!inAttesa());
+}
+
+// The wait, the line that ends it whatever its mark and however it comes, the clock, the end.
+void tst_Orologio::inAttesaEInMoto() {
+    scegli(3);
+    QVERIFY(!inAttesa());
+    attendi();
+    QCOMPARE(m_finestra->findChild<QLabel*>("lblAttesa")->text(), "Attesa Sincronizzazione con TAG CP 520");
+    QCOMPARE(m_banco->linea.formato(), "9600 8N1");
+    QCOMPARE(m_banco->lineaTabellone.formato(), "19200 8N1");
+    m_banco->tag.spezza(5, 1);
+    m_banco->tag.invia(QByteArray("Z").leftJustified(15) + "12:34:56.78   \rT12");
+    QTRY_VERIFY(!inAttesa());
+    QTRY_VERIFY(!m_banco->linea.aperto());
+
+    QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 50);
+    QVERIFY(orario() > "34:56:78");
+    QVERIFY(m_banco->tabellone.mostrati().first().startsWith("34 "));
+    QStringList ordinati = m_banco->tabellone.mostrati();
+    std::sort(ordinati.begin(), ordinati.end());
+    QCOMPARE(m_banco->tabellone.mostrati(), ordinati);
+    // What is on the board is what is in the window.
+    QTRY_COMPARE(m_banco->tabellone.mostra(), SimulatoreTabellone::comeAppare(orario()));
+    opzione("optFormato_2")->click();
+    QTRY_VERIFY(orario().startsWith("2:3"));
+
+    premi("cmdEsci");
+    QVERIFY(!m_finestra->isVisible());
+    QTRY_COMPARE(m_banco->tabellone.mostra(), "      ");
+    QTRY_VERIFY(!m_banco->lineaTabellone.aperto());
+    QCOMPARE(m_banco->tabellone.frameErrati(), 0);
+}
+
+void tst_Orologio::rifiuti() {
+    const QString avvio = "Impossibile Avviare la Sincronizzazione";
+    const QString mancano = "Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG";
+    // One number may be chosen twice; it cannot be opened twice.
+    for (const auto& [porte, titolo, testo] :
+         {std::tuple{QStringList(), avvio, mancano}, std::tuple{QStringList("optCOMTAG_1"), avvio, mancano},
+          std::tuple{QStringList({"optCOMTAG_2", "optCOMTAB_2"}),
+                     QString("Impossibile Impostare la Porta COM"),
+                     QString("Porta COM 2 NON Disponibile")}}) {
+        for (const QString& porta : porte)
+            opzione(porta)->click();
+        m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+        premi("cmdSynchro");
+        QVERIFY(m_banco->programma.dialoghi.finite());
+        QVERIFY(!inAttesa());
+        QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
+    }
+}
+
+void tst_Orologio::portaNonDisponibile() {
+    const QString titolo = "Impossibile Impostare la Porta COM";
+    const QString testo = "Porta COM 1 NON Disponibile";
+    scegli(1);
+    m_banco->linea.stacca();
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+    opzione("optCOMTAB_1")->click();
+    for (int i = 1; i <= 6; ++i)
+        QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
+    QVERIFY(opzione("optCOMTAG_1")->isChecked());
+    // Gone between the choice and its use.
+    opzione("optCOMTAB_2")->click();
+    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+    premi("cmdSynchro");
+    QVERIFY(!inAttesa());
+    m_banco->linea.attacca();
+    sincronizza("12:34:56.78");
+    QTRY_COMPARE(orario(), "12:34:57");
+}
+
+// The clock goes on while it waits for a new time; of a wait that was given up nothing is left.
+void tst_Orologio::nuovaSincronizzazione() {
+    scegli(3);
+    attendi();
+    m_banco->tag.invia("half a line");
+    premi("cmdAnnulla");
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
+    sincronizza("12:34:56.78");
+    QTRY_VERIFY(orario().startsWith("34:5"));
+    attendi();
+    const QString prima = orario();
+    QTRY_VERIFY(orario() > prima);
+    premi("cmdAnnulla");
+    const QString dopo = orario();
+    QTRY_VERIFY(orario() > dopo);
+    sincronizza("23:00:00.00");
+    QTRY_VERIFY(orario().startsWith("00:0"));
+}
+
+// Closed while it waits: nothing stays open, and the choices are there the next time.
+void tst_Orologio::impostazioni() {
+    scegli(2);
+    attendi();
+    m_finestra->close();
+    QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
+    QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList("      "));
+    auto& valori = m_banco->programma.impostazioni.valori;
+    m_finestra = std::make_unique<frmOrologio>();
+    for (const char* scelta : {"optCOMTAB_2", "optCOMTAG_1", "optFormato_2"})
+        QVERIFY(opzione(scelta)->isChecked());
+    QCOMPARE(valori.value("com/TABOrologio") + valori.value("com/TAGOrologio"), "21");
+    valori = {{"com/TABOrologio", "9"}, {"Formato/FormatoOrologio", "?"}};
+    m_finestra = std::make_unique<frmOrologio>();
+    QVERIFY(opzione("optFormato_1")->isChecked());
+    QVERIFY(!opzione("optCOMTAG_1")->isChecked());
+}
+
+void tst_Orologio::staccato_data() {
+    QTest::addColumn<bool>("tabellone");
+    QTest::addColumn<bool>("inMoto");
+    QTest::newRow("scoreboard, waiting") << true << false;
+    QTest::newRow("scoreboard, running") << true << true;
+    QTest::newRow("chronometer, waiting") << false << false;
+}
+
+void tst_Orologio::staccato() {
+    QFETCH(bool, tabellone);
+    QFETCH(bool, inMoto);
+    scegli(3);
+    inMoto ? sincronizza("12:34:56.78") : attendi();
+    if (inMoto)
+        QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 5);
+    PseudoTerminale& linea = tabellone ? m_banco->lineaTabellone : m_banco->linea;
+    m_banco->programma.dialoghi.attendiMessaggio("Errore", QString());
+    linea.stacca();
+    QTRY_COMPARE(m_banco->programma.dialoghi.viste().size(), 1);
+    QVERIFY(!inAttesa());
+    QVERIFY(m_banco->programma.dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
+    // Stopped, and ready to begin again.
+    const QString ferma = orario();
+    QVERIFY(!QTest::qWaitFor([&] { return orario() != ferma; }, 50));
+    linea.attacca();
+    sincronizza("12:34:56.78");
+    QTRY_VERIFY(orario() != ferma);
+}
+
+PROVA_FINESTRE(tst_Orologio)
+#include "tst_Orologio.moc"

@@ -1,0 +1,381 @@
+#include "readings/frmPenalitaAggiuntive.h"
+#include "readings/frmTempiManuale.h"
+#include "supporto/AnteprimaDiProva.h"
+#include "supporto/BancoRilevamenti.h"
+#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+namespace {
+
+const QStringList Giusti{"09:00:00:00>09:30:00:00", "09:30:00:00>09:31:00:10", "09:31:00:10>09:32:00:20",
+                         "10:00:00:00>10:10:00:00", "09:30:00:00>10:30:00:00"};
+
+// The window for readings by hand and what a test does with its controls.
+class Banco final {
+public:
+    Banco() { mostra(finestra); }
+
+    QTableView* grT() { return finestra.findChild<QTableView*>("grT"); }
+    QTreeWidget* albero() { return finestra.findChild<QTreeWidget*>("treeEq"); }
+    QString etichetta(const char* nome) { return finestra.findChild<QLabel*>(nome)->text(); }
+    QString numero() { return etichetta("lblEqu").section(' ', 1, 1); }
+    // Start, arrival, net, deviation, penalty of a row.
+    QString riga(int i) {
+        QStringList testi;
+        for (const int colonna : {Colonna::TempoStart, Colonna::TempoPassaggio, Colonna::Netto,
+                                  Colonna::Scarto, Colonna::Penalita})
+            testi << grT()->model()->index(i, colonna).data().toString();
+        return testi.join(' ');
+    }
+    // The current cell as "row column".
+    QString posto() {
+        const QModelIndex corrente = grT()->currentIndex();
+        return QString("%1 %2").arg(corrente.row()).arg(corrente.column());
+    }
+    void premiRicerca() { premi(finestra, "cmdTempiMancanti"); }
+    QTreeWidgetItem* nodo(std::initializer_list<int> strada) {
+        QTreeWidgetItem* item = albero()->invisibleRootItem();
+        for (const int passo : strada)
+            item = item->child(passo);
+        return item;
+    }
+    // Clicks a node of the tree: the crew and the cell shown then.
+    QString clic(std::initializer_list<int> strada) {
+        QTreeWidgetItem* item = nodo(strada);
+        for (QTreeWidgetItem* padre = item->parent(); padre; padre = padre->parent())
+            padre->setExpanded(true);
+        QCoreApplication::processEvents();  // the tree takes its place
+        albero()->scrollToItem(item);
+        QTest::mouseClick(albero()->viewport(), Qt::LeftButton, {}, albero()->visualItemRect(item).center());
+        return numero() + ": " + posto();
+    }
+
+    frmTempiManuale finestra;
+};
+
+}  // namespace
+
+class tst_FinestreRilevamenti final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void digitazione();
+    void invioPassaAvanti();
+    void tastiDegliEquipaggi();
+    void calcoli();
+    void cancellazione();
+    void scritturaFallita();
+    void ricercaSenzaErrori();
+    void ricercaESalto();
+    void correzioneConLAlbero();
+    void penalitaDigitate();
+    void penalitaRifiutate();
+    void penalitaStampate();
+
+private:
+    void ordina(int equipaggio);  // right times on every test
+
+    std::unique_ptr<ProgrammaDiProva> m_programma;
+    QList<int> m_prove;      // CO, PA chained, PA chained, PM, CO chained to the first
+    QList<int> m_equipaggi;  // 4 ASI, 9 not ASI
+};
+
+void tst_FinestreRilevamenti::init() {
+    m_programma = std::make_unique<ProgrammaDiProva>();
+    nuovaManifestazione({{"ASIeNONASI", 1},
+                         {"PrePANoASI", "SEC"},
+                         {"PrePMNoASI", "SEC"},
+                         {"PenUniPANoASI", 100},
+                         {"PenUniPMNoASI", 2}});
+    m_prove = {nuovaProva({{"Nom", "CO Asti"}, {"Tip", "CO"}, {"Tem", "00:30:00"}})};
+    m_prove << nuovaProva({{"Nom", "PA 1"}, {"ConA", m_prove[0]}});
+    m_prove << nuovaProva({{"Nom", "PA 2"}, {"ConA", m_prove[1]}});
+    m_prove << nuovaProva({{"Nom", "PM 1"}, {"Tip", "PM"}, {"Tem", "00:10:00"}});
+    m_prove << nuovaProva({{"Nom", "CO Alba"}, {"Tip", "CO"}, {"Tem", "01:00:00"}, {"ConA", m_prove[0]}});
+    m_equipaggi = {nuovoEquipaggio(4, {{"Cog", "FERRI"}}), nuovoEquipaggio(9, {{"Omo", " "}})};
+}
+
+void tst_FinestreRilevamenti::cleanup() {
+    QVERIFY(m_programma->dialoghi.finite());
+    m_programma.reset();
+}
+
+void tst_FinestreRilevamenti::ordina(int equipaggio) {
+    for (int i = 0; i < m_prove.size(); ++i) {
+        const QStringList tempi = Giusti[i].split('>');
+        scriviRilevamento(m_equipaggi[equipaggio], m_prove[i], tempi[0], tempi[1]);
+    }
+}
+
+void tst_FinestreRilevamenti::digitazione() {
+    Banco banco;
+    vai(banco.finestra, 0, Colonna::TempoPassaggio);
+    digita("09:3");  // what is no digit is passed over
+    tasto(Qt::Key_Backspace);
+    QCOMPARE(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), QString("00:00:00:09"));
+    digita("301520");
+    tasto(Qt::Key_Return);
+    // Cut to the minute of a CO; the start of the next test and of the next CO take it.
+    QCOMPARE(tempiDi(m_equipaggi[0]),
+             QStringList({">09:30:00:00", "09:30:00:00>", ">", ">", "09:30:00:00>"}));
+    QVERIFY(banco.riga(1).startsWith("09:30:00:00 "));
+}
+
+void tst_FinestreRilevamenti::invioPassaAvanti() {
+    Banco banco;
+    QVERIFY(banco.grT()->hasFocus());
+    QStringList posti{banco.posto()};
+    for (int i = 0; i < 7; ++i) {
+        tasto(i % 2 == 0 ? Qt::Key_Return : Qt::Key_Tab);
+        posti << banco.posto();
+    }
+    // Chained starts are passed over.
+    QCOMPARE(posti, QStringList({"0 2", "0 3", "1 3", "2 3", "3 2", "3 3", "4 3", "4 3"}));
+    tasto(Qt::Key_Backtab);
+    QCOMPARE(banco.posto(), QString("3 3"));
+    // From within the editor as well; the arrows stay in the column.
+    digita("10100000");
+    tasto(Qt::Key_Up);
+    QCOMPARE(banco.posto(), QString("2 3"));
+    digita("1");
+    tasto(Qt::Key_Escape);
+    QCOMPARE(tempiDi(m_equipaggi[0]), QStringList({">", ">", ">", ">10:10:00:00", ">"}));
+    // A letter does not lose the place.
+    vai(banco.finestra, 2, Colonna::NomeProva);
+    digita("C9");
+    QCOMPARE(banco.posto(), QString("2 0"));
+}
+
+// Plus and minus store and go on, wherever the focus is; each class has its precision.
+void tst_FinestreRilevamenti::tastiDegliEquipaggi() {
+    Banco banco;
+    QCOMPARE(banco.etichetta("lblEqu"), QString("N. 4 - FERRI-BIANCHI - LANCIA APRILIA"));
+    for (int i = 0; i < 2; ++i) {
+        vai(banco.finestra, 1, Colonna::TempoPassaggio);
+        digita("09310075");
+        tasto(Qt::Key_Plus);
+        QCOMPARE(banco.numero(), QString("9"));
+    }
+    QCOMPARE(tempiDi(m_equipaggi[0])[1], QString(">09:31:00:75"));
+    QCOMPARE(tempiDi(m_equipaggi[1])[1], QString(">09:31:00:00"));
+    auto* lstEq = banco.finestra.findChild<QTreeWidget*>("lstEq");
+    QCOMPARE(lstEq->topLevelItem(0)->text(4) + lstEq->topLevelItem(1)->text(4), QString("TrueFalse"));
+    lstEq->setFocus();
+    tasto(Qt::Key_Minus);
+    tasto(Qt::Key_Minus);
+    QCOMPARE(banco.numero(), QString("4"));
+    banco.finestra.findChild<QPushButton*>("cmdEsci")->setFocus();
+    tasto(Qt::Key_Plus);
+    QCOMPARE(banco.numero(), QString("9"));
+    QVERIFY(banco.grT()->hasFocus());
+}
+
+void tst_FinestreRilevamenti::calcoli() {
+    ordina(0);
+    scriviRilevamento(m_equipaggi[0], m_prove[3], "12345678", "abc");
+    Banco banco;
+    QCOMPARE(banco.riga(3), QString("12:34:56:78 abc ????? ????? ?????"));
+    QCOMPARE(banco.etichetta("lblTotPen"), QString("20"));
+    scrivi(banco.finestra, 1, Colonna::PenAgg, "a50");
+    QCOMPARE(banco.riga(1), QString("09:30:00:00 09:31:00:10 00:01:00:10 00:00:00:10 60"));
+    QCOMPARE(banco.etichetta("lblTotPen"), QString("70"));
+    QCOMPARE(banco.grT()->model()->index(1, Colonna::Scarto).data(ModelloRilevamenti::RuoloStile).toInt(),
+             static_cast<int>(StileScarto::Negativo));
+    scrivi(banco.finestra, 2, Colonna::TempoPassaggio, "99999999");
+    QCOMPARE(banco.riga(2), QString("09:31:00:10 99:99:99:99 ????? ????? ?????"));
+    QCOMPARE(banco.etichetta("lblTotPen"), QString("60"));
+}
+
+void tst_FinestreRilevamenti::cancellazione() {
+    ordina(0);
+    scriviRilevamento(m_equipaggi[0], m_prove[1], "09:30:05:00", "09:31:00:10");
+    Banco banco;
+    const auto attendi = [this](bool si) {
+        m_programma->dialoghi.attendiDomanda("Conferma Cancellazione", "Cancellare il Tempo Selezionato ?",
+                                             si);
+    };
+    // Looking at a cell does not write it, nor what hangs on it; a cell of no time asks nothing.
+    vai(banco.finestra, 0, Colonna::TempoPassaggio);
+    tasto(Qt::Key_F2);
+    tasto(Qt::Key_Return);
+    vai(banco.finestra, 2, Colonna::NomeProva);
+    tasto(Qt::Key_Delete);
+    vai(banco.finestra, 2, Colonna::TempoStart);
+    attendi(false);
+    tasto(Qt::Key_Delete);
+    QCOMPARE(tempiDi(m_equipaggi[0])[1], QString("09:30:05:00>09:31:00:10"));
+    QCOMPARE(tempiDi(m_equipaggi[0])[2], Giusti[2]);
+    attendi(true);
+    tasto(Qt::Key_Backspace);
+    QVERIFY(m_programma->dialoghi.finite());
+    // An editor that is left empty asks as well.
+    vai(banco.finestra, 3, Colonna::TempoPassaggio);
+    tasto(Qt::Key_F2);
+    tasto(Qt::Key_Backspace);  // the whole text is selected
+    attendi(true);
+    tasto(Qt::Key_Return);
+    // With the start the arrival before it and the start of the next CO, as when it is typed.
+    QTRY_COMPARE(tempiDi(m_equipaggi[0]),
+                 QStringList({Giusti[0], "09:30:05:00>", ">09:32:00:20", "10:00:00:00>", ">10:30:00:00"}));
+}
+
+void tst_FinestreRilevamenti::scritturaFallita() {
+    ordina(0);
+    Banco banco;
+    const QString prima = banco.riga(0) + banco.riga(1) + banco.etichetta("lblTotPen");
+    esegui("CREATE TRIGGER rifiuta BEFORE UPDATE ON Rilevamenti WHEN new.IDPro_FK=" +
+           QString::number(m_prove[4]) + " BEGIN SELECT RAISE(ABORT,'disco pieno'); END");
+    m_programma->dialoghi.attendiMessaggio({}, {}, Icona::Stop);
+    scrivi(banco.finestra, 0, Colonna::TempoPassaggio, "09450000");
+    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 1);
+    QVERIFY(m_programma->dialoghi.viste().first().testo.contains("disco pieno"));
+    QCOMPARE(banco.riga(0) + banco.riga(1) + banco.etichetta("lblTotPen"), prima);
+    QCOMPARE(tempiDi(m_equipaggi[0]), Giusti);
+}
+
+void tst_FinestreRilevamenti::ricercaSenzaErrori() {
+    esegui("UPDATE Prove SET Svo=0");
+    Banco banco;
+    m_programma->dialoghi.attendiMessaggio("Impossibile Cercare Tempi Errati/Mancanti",
+                                           "Nessuna Prova Svolta");
+    banco.premiRicerca();
+    QVERIFY(m_programma->dialoghi.finite());
+    esegui("UPDATE Prove SET Svo=1 WHERE IDPro IN (?,?)", {m_prove[1], m_prove[2]});
+    ordina(0);
+    ordina(1);
+    m_programma->dialoghi.attendiMessaggio("Nessu Tempo Mancante Trovato",
+                                           "Ogni Equipaggio ha Tutti i Rilevamenti e Corretti",
+                                           Icona::Informazione);
+    banco.premiRicerca();
+    QVERIFY(m_programma->dialoghi.finite());
+    QVERIFY(!banco.albero()->isVisible());
+    // A number that the search does not reach is named, the others are searched.
+    nuovoEquipaggio(1204);
+    esegui("UPDATE Rilevamenti SET TArr='' WHERE IDPro_FK=?", {m_prove[2]});
+    m_programma->dialoghi.attendiMessaggio("Ricerca Tempi Errati/Mancanti",
+                                           "La Ricerca Arriva al Numero 999.\nEquipaggi NON Cercati: 1204");
+    banco.premiRicerca();
+    QCOMPARE(banco.albero()->topLevelItemCount(), 2);
+}
+
+void tst_FinestreRilevamenti::ricercaESalto() {
+    esegui("UPDATE Prove SET Svo=0 WHERE IDPro NOT IN (?,?)", {m_prove[1], m_prove[3]});
+    Banco banco;
+    banco.premiRicerca();
+    QVERIFY(banco.albero()->isVisible());
+    QCOMPARE(banco.albero()->topLevelItemCount(), 2);
+    QVERIFY(banco.nodo({1})->text(0).startsWith("9 ROSSI BIANCHI ["));
+    QCOMPARE(banco.nodo({1, 1})->text(0), QString("PM 1"));
+    // A reading, a test, a crew.
+    QCOMPARE(banco.clic({1, 1, 1}), QString("9: 3 3"));
+    QVERIFY(banco.grT()->hasFocus());
+    QCOMPARE(banco.clic({0, 0, 0}), QString("4: 1 2"));
+    QVERIFY(banco.clic({0, 1}).startsWith("4: 3 "));
+    QVERIFY(banco.clic({1}).startsWith("9: "));
+    // Hidden and shown again, with the same node selected.
+    banco.clic({1, 1, 1});
+    banco.premiRicerca();
+    QVERIFY(!banco.albero()->isVisible());
+    banco.premiRicerca();
+    QCOMPARE(banco.albero()->currentItem(), banco.nodo({1, 1, 1}));
+}
+
+void tst_FinestreRilevamenti::correzioneConLAlbero() {
+    esegui("UPDATE Prove SET Svo=0 WHERE Tip='CO'");
+    ordina(0);
+    ordina(1);
+    esegui("UPDATE Rilevamenti SET TArr='' WHERE IDPro_FK=?", {m_prove[2]});
+    Banco banco;
+    banco.premiRicerca();
+    QCOMPARE(banco.clic({1, 0, 0}), QString("9: 2 3"));
+    // A finding that changes its kind: the selection falls back to its test.
+    digita("09200000");
+    tasto(Qt::Key_Return);
+    QTRY_COMPARE(banco.nodo({1, 0})->childCount(), 2);
+    QCOMPARE(banco.albero()->currentItem(), banco.nodo({1, 0, 1}));
+    scrivi(banco.finestra, 2, Colonna::TempoPassaggio, "09320020");
+    QTRY_COMPARE(banco.albero()->topLevelItemCount(), 1);
+    banco.clic({0, 0, 0});
+    m_programma->dialoghi.attendiMessaggio("Nessu Tempo Mancante Trovato", {}, Icona::Informazione);
+    digita("09320020");
+    tasto(Qt::Key_Return);
+    QTRY_VERIFY(!banco.albero()->isVisible());
+    QVERIFY(m_programma->dialoghi.finite());
+    // With the tree hidden nothing is searched.
+    scrivi(banco.finestra, 2, Colonna::TempoPassaggio, "09");
+    QCoreApplication::processEvents();
+    QVERIFY(!banco.albero()->isVisible());
+}
+
+void tst_FinestreRilevamenti::penalitaDigitate() {
+    esegui("UPDATE Prove SET Svo=0");
+    frmPenalitaAggiuntive finestra;
+    mostra(finestra);
+    const auto penalita = [this](int i) { return letto(m_equipaggi[0], m_prove[i], "PenAgg"); };
+    const auto motivo = [this] { return letto(m_equipaggi[0], m_prove[0], "DesPenAgg").toString(); };
+    // Both cells of a row, then the next row.
+    for (const char* testo : {"12,5", "Ritardo al C.O. 2 + tabella smarrita - art. 12", "7"}) {
+        digita(testo);
+        tasto(Qt::Key_Return);
+    }
+    QCOMPARE(penalita(0), QVariant(12.5));
+    QCOMPARE(motivo(), QString("Ritardo al C.O. 2 + tabella smarrita - art. 12"));
+    QCOMPARE(penalita(1), QVariant(7.0));
+    // A penalty below zero, and one that is emptied.
+    vai(finestra, 1, Colonna::PenAgg);
+    tasto(Qt::Key_F2);
+    digita("-30");
+    tasto(Qt::Key_Return);
+    QCOMPARE(penalita(1), QVariant(-30.0));
+    vai(finestra, 0, Colonna::PenAgg);
+    tasto(Qt::Key_Delete);
+    tasto(Qt::Key_Return);
+    QCOMPARE(penalita(0), QVariant(0.0));
+    // The reason is emptied only when that is stored.
+    vai(finestra, 0, Colonna::DesPenAgg);
+    tasto(Qt::Key_Backspace);
+    tasto(Qt::Key_Escape);
+    QVERIFY(motivo().startsWith("Ritardo"));
+    QVERIFY(finestra.isVisible());
+}
+
+// Neither what is no number nor what the archive refuses stays in the grid.
+void tst_FinestreRilevamenti::penalitaRifiutate() {
+    frmPenalitaAggiuntive finestra;
+    mostra(finestra);
+    tasto(Qt::Key_F2);
+    digita("-");
+    m_programma->dialoghi.attendiMessaggio("Penalità NON Valida",
+                                           "\"-\" non è un numero: la penalità resta com'era.");
+    tasto(Qt::Key_Return);
+    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 1);
+    QVERIFY(letto(m_equipaggi[0], m_prove[0], "PenAgg").isNull());
+    esegui(
+        "CREATE TRIGGER rifiuta BEFORE UPDATE ON Rilevamenti BEGIN SELECT RAISE(ABORT,'disco pieno'); END");
+    m_programma->dialoghi.attendiMessaggio({}, {}, Icona::Stop);
+    scrivi(finestra, 0, Colonna::PenAgg, "50");
+    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 2);
+    const auto* modello = finestra.findChild<QTableView*>("grT")->model();
+    QCOMPARE(modello->index(0, Colonna::PenAgg).data().toString(), QString());
+}
+
+void tst_FinestreRilevamenti::penalitaStampate() {
+    const AnteprimaDiProva anteprima;
+    frmPenalitaAggiuntive finestra;
+    mostra(finestra);
+    digita("50");  // stored by the print, which shows it
+    premi(finestra, "cmdStampa");
+    QCOMPARE(anteprima.mostrati.size(), 1);
+    QCOMPARE(anteprima.mostrati.first().titoloFinestra, QString("Penalità Aggiuntive"));
+    QCOMPARE(anteprima.mostrati.first().righe(),
+             QList<QStringList>({{"4", "FERRI BIANCHI", "50", "", "CO Asti"}}));
+}
+
+PROVA_FINESTRE(tst_FinestreRilevamenti)
+#include "tst_FinestreRilevamenti.moc"
