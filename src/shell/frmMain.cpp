@@ -75,7 +75,8 @@ void frmMain::carica() {
     QFile::remove(percorsoNelProgramma(u"temp.mdb"_s));  // of an interrupted import
     impostaFileAiuto(percorsoNelProgramma(u"vlm help.hlp"_s));
     controllaArchivioPerduto();
-    PreparaArchivio();
+    if (const QString avviso = PreparaArchivio(); !avviso.isEmpty())
+        avverti(u"Archivio"_s, avviso);
     ApriDataBase();
     VerificaArchivio();
     AggiornaArchivio();
@@ -121,7 +122,7 @@ void frmMain::eseguiVoce(const VoceMenu& voce) {
     }
     azioneMenu(nome)(*this);
     // Not every platform activates this window again when the one over it closes.
-    if (Conn().isOpen())
+    if (Conn().aperta())
         attivazione();
 }
 
@@ -153,7 +154,7 @@ void frmMain::aggiornaPannello() {
 
 bool frmMain::event(QEvent* evento) {
     // A panel that cannot be read is told once: the box itself activates the window again when it closes.
-    if (evento->type() == QEvent::WindowActivate && !m_pannelloGuasto && Conn().isOpen()) {
+    if (evento->type() == QEvent::WindowActivate && !m_pannelloGuasto && Conn().aperta()) {
         m_pannelloGuasto = true;
         attivazione();
         m_pannelloGuasto = false;
@@ -171,7 +172,7 @@ void frmMain::keyPressEvent(QKeyEvent* evento) {
 
 void frmMain::closeEvent(QCloseEvent* evento) {
     evento->accept();
-    if (!Conn().isOpen())
+    if (!Conn().aperta())
         return;
     const CursoreAttesa cursore;
     ChiudiDataBase();

@@ -328,7 +328,7 @@ void tst_frmMain::uscita() {
         nuovaManifestazione({{"RagAuto", 1}, {"PenProNonSvo", 1}});
         scegli(principale, "mnuEsci");
         QVERIFY(!principale.isVisible());
-        QVERIFY(!Conn().isOpen());
+        QVERIFY(!Conn().aperta());
         QCOMPARE(difettoArchivio(percorsoCopiaDelGiorno()), QString());
     }
     // An archive lost beside its copies is not made anew over them.
