@@ -17,7 +17,8 @@ constexpr char Aiuto[] = R"(Fa la parte di un cronometro TAG CP520 o TAG CP540.
 Uso: simulatore_tag [--dispositivo CP520|CP540] [--programma CARTELLA] [--com N] [COPIONE]
 
 Collega uno pseudo-terminale come porta N (porte/comN nella cartella del programma) ed esegue il copione, un
-comando per riga; senza copione legge i comandi dalla tastiera. "#" apre un commento.
+comando per riga; senza copione legge i comandi dalla tastiera. "#" apre un commento. Scrive quando il programma
+apre la porta e quando la chiude.
 
   partenza                  impulso di partenza (on-line)
   tempo M:SS.CC             tempo trascorso (on-line)
@@ -143,6 +144,8 @@ int main(int argc, char** argv) {
         RigaDiComando::rifiuta(u"--dispositivo: CP520 oppure CP540"_s);
     try {
         PseudoTerminale linea(opzioni.cartella(), opzioni.porta());
+        QObject::connect(&linea, &PseudoTerminale::cambiata, &linea,
+                         [](bool aperta) { scriviRiga(aperta ? u"porta aperta"_s : u"porta chiusa"_s); });
         SimulatoreTag tag(dispositivo == "CP520"_L1 ? Dispositivo::CP520 : Dispositivo::CP540, linea);
         Copione copione(linea, [&tag](const Copione::Comando& comando) { return esegui(tag, comando); });
         return recita(copione, opzioni);
