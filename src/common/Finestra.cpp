@@ -17,9 +17,6 @@
 
 namespace {
 
-constexpr char Tabella[] = "completaDaTabella";
-constexpr char ColonnaDati[] = "completaDaColonna";
-
 bool campo(const QObject* oggetto) {
     return qobject_cast<const QLineEdit*>(oggetto) || qobject_cast<const QComboBox*>(oggetto) ||
            qobject_cast<const QAbstractSpinBox*>(oggetto);
@@ -86,9 +83,7 @@ void Finestra::showEvent(QShowEvent* evento) {
 }
 
 void Finestra::completaDa(QLineEdit* box, const QString& tabella, const QString& colonna) {
-    box->setProperty(Tabella, tabella);
-    box->setProperty(ColonnaDati, colonna);
-    box->installEventFilter(this);
+    attivaCompletamento(box, tabella, colonna);
 }
 
 bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -113,13 +108,6 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
             if (qobject_cast<QComboBox*>(oggetto) && !controllo->hasFocus()) {
                 evento->ignore();
                 return true;
-            }
-            break;
-        case QEvent::KeyRelease:
-            if (const QString tabella = oggetto->property(Tabella).toString(); !tabella.isEmpty()) {
-                CompletaTesto(qobject_cast<QLineEdit*>(oggetto), tabella,
-                              oggetto->property(ColonnaDati).toString(),
-                              static_cast<QKeyEvent&>(*evento).key());
             }
             break;
         default:
