@@ -71,7 +71,9 @@ bool restaNelCampo(Qt::FocusReason motivo) {
 
 }  // namespace
 
-ModuloEquipaggi::ModuloEquipaggi(QWidget* padre) : Finestra(padre) {}
+ModuloEquipaggi::ModuloEquipaggi(QWidget* padre) : Finestra(padre) {
+    invioComeTab();
+}
 
 void ModuloEquipaggi::apri() {
     trovaControlli();
@@ -361,15 +363,6 @@ bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
         campo->selectAll();  // typing replaces what was refused
     }
     return true;
-}
-
-void ModuloEquipaggi::keyPressEvent(QKeyEvent* evento) {
-    // On a button and in the list too.
-    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
-        focusNextPrevChild(true);
-    } else {
-        Finestra::keyPressEvent(evento);
-    }
 }
 
 bool ModuloEquipaggi::puoChiudere() {

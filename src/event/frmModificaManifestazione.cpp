@@ -8,8 +8,6 @@
 #include "event/frmModificaSquadra.h"
 #include "ui_frmModificaManifestazione.h"
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 frmModificaManifestazione::frmModificaManifestazione(QWidget* padre)
@@ -34,16 +32,6 @@ frmModificaManifestazione::frmModificaManifestazione(QWidget* padre)
 }
 
 frmModificaManifestazione::~frmModificaManifestazione() = default;
-
-bool frmModificaManifestazione::event(QEvent* evento) {
-    // The box that tells a failed reading activates the window again when it closes: not a second one then.
-    if (evento->type() == QEvent::WindowActivate && !std::exchange(m_letturaFallita, false)) {
-        m_letturaFallita = true;
-        aggiornaElenchi();
-        m_letturaFallita = false;
-    }
-    return FinestraModifica::event(evento);
-}
 
 template <typename Figlia>
 void frmModificaManifestazione::apri(int chiave) {

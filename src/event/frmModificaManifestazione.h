@@ -24,7 +24,7 @@ Q_SIGNALS:
     void manifestazioneModificata(const QString& nom);
 
 protected:
-    bool event(QEvent* evento) override;
+    void attivata() override { aggiornaElenchi(); }
 
 private:
     void aggiornaElenchi();
@@ -33,6 +33,5 @@ private:
     void apri(int chiave);
 
     std::unique_ptr<Ui::frmModificaManifestazione> m_ui;
-    bool m_letturaFallita = false;  // on the last activation
     ControlliManifestazione* m_controlli = nullptr;
 };
