@@ -76,7 +76,7 @@ void frmNuovaManifestazione2::carica() {
         return;
     }
     m_campi->scrivi(m_gruppi[riga]);
-    m_ui->txtNom->setFocus();
+    m_ui->txtNom->setFocus(Qt::TabFocusReason);
     chiudiPercorso(this, u"txtAAnn"_s, true);
 }
 

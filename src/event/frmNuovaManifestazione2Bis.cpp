@@ -63,7 +63,7 @@ void frmNuovaManifestazione2Bis::carica() {
         return;
     }
     mostraTesto(m_ui->txtNom, m_squadre[riga].nom);
-    m_ui->txtNom->setFocus();
+    m_ui->txtNom->setFocus(Qt::TabFocusReason);
     chiudiPercorso(this, u"txtNom"_s, true);
 }
 

@@ -83,7 +83,7 @@ void frmNuovaManifestazione3::carica() {
         return;
     }
     m_campi->scrivi(m_prove[riga]);
-    m_ui->txtNom->setFocus();
+    m_ui->txtNom->setFocus(Qt::TabFocusReason);
     chiudiPercorso(this, u"cboCon"_s, true);
 }
 
