@@ -31,6 +31,7 @@ Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new RigheArieggiate(this));

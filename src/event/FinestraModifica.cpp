@@ -17,23 +17,21 @@ void FinestraModifica::keyPressEvent(QKeyEvent* evento) {
     Finestra::keyPressEvent(evento);
 }
 
-QStringList FinestraModifica::contenuto() const {
-    QStringList testi;
+QMap<QString, QString> FinestraModifica::contenuto() const {
+    QMap<QString, QString> testi;
     const QList<QWidget*> controlli = findChildren<QWidget*>();
     for (const QWidget* controllo : controlli) {
+        const QString nome = controllo->objectName();
         if (const auto* box = qobject_cast<const QLineEdit*>(controllo)) {
-            testi << box->text();
+            testi[nome] = box->text();
         } else if (const auto* combo = qobject_cast<const QComboBox*>(controllo)) {
-            testi << combo->currentText();
+            testi[nome] = combo->currentText();
         } else if (const auto* pulsante = qobject_cast<const QAbstractButton*>(controllo)) {
-            testi << QString::number(pulsante->isChecked());
+            testi[nome] = QString::number(pulsante->isChecked());
         } else if (const auto* elenco = qobject_cast<const QTreeWidget*>(controllo)) {
-            // The rows themselves are what the archive holds.
-            for (int i = 0; i < elenco->topLevelItemCount(); ++i) {
-                if (const QVariant segno = elenco->topLevelItem(i)->data(0, Qt::CheckStateRole);
-                    segno.isValid())
-                    testi << segno.toString();
-            }
+            // Its ticks alone: the rows themselves are what the archive holds.
+            for (int i = 0; i < elenco->topLevelItemCount(); ++i)
+                testi[nome] += elenco->topLevelItem(i)->data(0, Qt::CheckStateRole).toString();
         }
     }
     return testi;

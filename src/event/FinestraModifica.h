@@ -2,7 +2,8 @@
 
 #include "common/Finestra.h"
 
-#include <QStringList>
+#include <QMap>
+#include <QString>
 
 // A window in which stored values are changed. While something in its controls has been changed Esc does
 // nothing; its buttons and the close box leave as they say.
@@ -21,7 +22,7 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
-    [[nodiscard]] QStringList contenuto() const;
+    [[nodiscard]] QMap<QString, QString> contenuto() const;  // by the name of the control
 
-    QStringList m_ricordato;
+    QMap<QString, QString> m_ricordato;
 };

@@ -184,13 +184,16 @@ void tst_ModificaManifestazione::elenchiEFiglie() {
     confronta(&finestra, "chkRagAuto=NO");
     // A double click on a row, and on none.
     for (const int riga : {0, -1}) {
-        nellaFiglia<frmModificaGruppo>([&] { doppioClic(&finestra, "lstRag", riga); },
-                                       [&](QDialog* figlia) {
-                                           confronta(figlia,
-                                                     riga == 0 ? QString("lblIDRag=%1;txtFat=1,5").arg(gruppo)
-                                                               : QString("lblIDRag=0;txtFat="));
-                                           abilitati(figlia, "cmdMod cmdEli", riga == 0);
-                                       });
+        nellaFiglia<frmModificaGruppo>(
+            [&] { doppioClic(&finestra, "lstRag", riga); },
+            [&](QDialog* figlia) {
+                confronta(figlia, riga == 0 ? QString("lblIDRag=%1;txtFat=1,5").arg(gruppo)
+                                            : QString("lblIDRag=0;txtFat="));
+                abilitati(figlia, "cmdMod cmdEli", riga == 0);
+                // Where the road of Enter through the fields ends.
+                QCOMPARE(controllo(figlia, "txtAAnn")->nextInFocusChain(),
+                         controllo<QPushButton>(figlia, riga == 0 ? "cmdMod" : "cmdAgg"));
+            });
     }
     // By keyboard: Enter opens the row, Ins adds; what the child wrote is in the list when it has closed.
     auto* prove = controllo<Elenco>(&finestra, "lstProve");
