@@ -157,7 +157,7 @@ void ModuloEquipaggi::preparaCampiEquipaggio() {
             completaDa(box, u"Equipaggi"_s, QString::fromLatin1(colonna.nome));
         if (colonna.tipo == TipoDato::Data)
             m_date << box;
-        if (colonna.tipo == TipoDato::Testo)
+        else
             limitaTesto(box);
     });
     connect(m_txtAnn, &QLineEdit::textEdited, this, [this] { m_annoDaValidare = true; });
