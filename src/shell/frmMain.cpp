@@ -22,6 +22,8 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QProxyStyle>
+#include <QStyleOptionMenuItem>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,22 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString NessunaAttiva = u"Nessuna Manifestazione Attiva"_s;
+
+// The entry that the keyboard is on is drawn so, also while its menu is closed (after Alt alone, or Esc).
+class StileMenu final : public QProxyStyle {
+public:
+    void drawControl(ControlElement elemento, const QStyleOption* opzione, QPainter* pittore,
+                     const QWidget* controllo) const override {
+        const auto* voce = qstyleoption_cast<const QStyleOptionMenuItem*>(opzione);
+        if (elemento != CE_MenuBarItem || !voce || !(voce->state & State_Selected)) {
+            QProxyStyle::drawControl(elemento, opzione, pittore, controllo);
+            return;
+        }
+        QStyleOptionMenuItem aperta = *voce;
+        aperta.state |= State_Sunken;
+        QProxyStyle::drawControl(elemento, &aperta, pittore, controllo);
+    }
+};
 
 // An archive that is missing beside its copies was lost: a new one in its place would be empty, and the next
 // exit would put it over the day's good copy.
@@ -61,6 +79,9 @@ void chiudiAgliAltri(const QString& file) {
 frmMain::frmMain(QWidget* padre) : QMainWindow(padre), m_ui(std::make_unique<Ui::frmMain>()) {
     m_ui->setupUi(this);
     m_ui->imgASI->setPixmap(disegnoASI(devicePixelRatioF()));
+    auto* stile = new StileMenu;
+    stile->setParent(this);
+    m_ui->menu->setStyle(stile);
     m_ui->cmdOrologio->hide();  // nothing stands behind it yet
     m_versione = new QLabel(this);
     m_versione->setObjectName(u"stVersione"_s);

@@ -136,6 +136,10 @@ void tst_frmMain::pannello() {
     QVERIFY(qAbs(info->width() - 0.7 * principale.width()) < 30);
     QVERIFY(qAbs(info->geometry().center().x() - principale.width() / 2) < 5);
 
+    QTest::keyClick(&principale, Qt::Key_F10);
+    QVERIFY(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+
     // Rebuilt when a window over it closes.
     nuovoEquipaggio(4);
     QEvent riattivata(QEvent::WindowActivate);
@@ -356,6 +360,7 @@ void tst_frmMain::uscita() {
         // A copy that fails is told; the window closes all the same and the archive is whole.
         QFile alSuoPosto(percorsoNelProgramma("Backup"));
         QVERIFY(alSuoPosto.open(QIODevice::WriteOnly));
+        creaArchivio(percorsoArchivio());
         QVERIFY(QFile::setPermissions(
             percorsoArchivio(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
         frmMain principale;
