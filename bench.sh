@@ -16,4 +16,4 @@ if [ -z "${DISPLAY:-}" ]; then
   rm "$pipe"
   export DISPLAY=":$display"
 fi
-build/release/bench/velmora_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true "$@"
+build/release/bench/velmora_bench --benchmark_repetitions=5 "$@"

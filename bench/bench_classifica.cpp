@@ -50,11 +50,12 @@ void letturaNuda(benchmark::State& stato) {
 }
 
 BENCHMARK(classifica)->Arg(400)->Arg(4000)->Unit(benchmark::kMillisecond);
-BENCHMARK(letturaNuda)->Arg(400)->Unit(benchmark::kMillisecond);
+BENCHMARK(letturaNuda)->Arg(400)->Arg(4000)->Unit(benchmark::kMillisecond);
 
-const AggiungiConfronto Prima({"classifica/400", "letturaNuda/400", 5,
+const AggiungiConfronto Prima({"classifica/400", "letturaNuda/400", 2,
                                "classification of 400 x 60, bare read of its readings"});
-const AggiungiConfronto Seconda({"classifica/4000", "classifica/400", 10,
-                                 "classification of 4,000 x 60, of 400 x 60 (ten times the rows)"});
+const AggiungiConfronto Seconda({"classifica/4000", "letturaNuda/4000", 1.1,
+                                 "its growth to 4,000 x 60, that of the bare read", "classifica/400",
+                                 "letturaNuda/400"});
 
 }  // namespace

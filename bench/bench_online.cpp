@@ -108,7 +108,7 @@ void scritturaNuda(benchmark::State& stato) {
     const ManifestazioneDiMisura manifestazione(400, 60);
     sqlite3* archivio = nullptr;
     sqlite3_open_v2(percorsoArchivio().toUtf8().constData(), &archivio, SQLITE_OPEN_READWRITE, nullptr);
-    sqlite3_exec(archivio, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+    sqlite3_exec(archivio, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA", nullptr, nullptr, nullptr);
     sqlite3_stmt* riga = nullptr;
     sqlite3_prepare_v2(archivio, "UPDATE Rilevamenti SET TArr=? WHERE IDRil=1", -1, &riga, nullptr);
     int giro = 0;

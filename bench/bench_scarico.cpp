@@ -126,7 +126,7 @@ void inserimentoNudo(benchmark::State& stato) {
     const ManifestazioneDiMisura manifestazione(Equipaggi, Prove);
     sqlite3* archivio = nullptr;
     sqlite3_open_v2(percorsoArchivio().toUtf8().constData(), &archivio, SQLITE_OPEN_READWRITE, nullptr);
-    sqlite3_exec(archivio, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+    sqlite3_exec(archivio, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=EXTRA", nullptr, nullptr, nullptr);
     QList<QByteArray> tempi;
     for (int p = 0; p < Pressostati; ++p) {
         for (int e = 1; e <= Equipaggi; ++e)

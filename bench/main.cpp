@@ -4,8 +4,10 @@
 #include "Confronti.h"
 
 #include <benchmark/benchmark.h>
+#include <algorithm>
 #include <cstdio>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -19,40 +21,66 @@ public:
     void scrivi(const QString& /*sezione*/, const QString& /*chiave*/, const QString& /*valore*/) override {}
 };
 
-class Mediane final : public benchmark::ConsoleReporter {
+// Keeps the times of each measure's repetitions, and shows what the library makes of them.
+class Tabella final : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& giri) override {
-        ConsoleReporter::ReportRuns(giri);
+        std::vector<Run> riassunti;
         for (const Run& giro : giri) {
-            if (giro.run_type == Run::RT_Aggregate && giro.aggregate_name == "median")
-                m_mediane[giro.run_name.str()] = giro.GetAdjustedRealTime();
+            if (giro.run_type == Run::RT_Aggregate) {
+                riassunti.push_back(giro);
+            } else if (!giro.error_occurred) {
+                m_tempi[giro.run_name.str()].push_back(giro.GetAdjustedRealTime());
+            }
         }
+        ConsoleReporter::ReportRuns(riassunti);
     }
 
     // False when a measure is missing or past its ratio.
     bool rapporti() const {
         bool buoni = true;
-        std::printf("\n%-70s %12s %12s %8s %8s\n", "measure, baseline", "ms", "baseline ms", "ratio",
+        std::printf("\n%-66s %17s %17s %7s %7s\n", "measure, baseline", "ms min/median", "baseline", "ratio",
                     "at most");
-        for (const Confronto& confronto : confronti()) {
-            const auto misura = m_mediane.find(confronto.misura);
-            const auto base = m_mediane.find(confronto.base);
-            if (misura == m_mediane.end() || base == m_mediane.end()) {
-                std::printf("%-70s not measured\n", confronto.descrizione.c_str());
-                buoni = false;
-                continue;
-            }
-            const double rapporto = misura->second / base->second;
-            std::printf("%-70s %12.2f %12.2f %8.2f %8.2f%s\n", confronto.descrizione.c_str(), misura->second,
-                        base->second, rapporto, confronto.massimo,
-                        rapporto > confronto.massimo ? "  OVER" : "");
-            buoni = buoni && rapporto <= confronto.massimo;
-        }
+        for (const Confronto& confronto : confronti())
+            buoni = riga(confronto) && buoni;
         return buoni;
     }
 
 private:
-    std::map<std::string, double> m_mediane;
+    struct Tempi {
+        double minimo = 0;
+        double mediana = 0;
+    };
+
+    bool riga(const Confronto& confronto) const {
+        const std::optional<Tempi> misura = trova(confronto.misura);
+        const std::optional<Tempi> base = trova(confronto.base);
+        const std::optional<Tempi> misuraPiccola = trova(confronto.misuraPiccola);
+        const std::optional<Tempi> basePiccola = trova(confronto.basePiccola);
+        const bool crescita = !confronto.misuraPiccola.empty();
+        if (!misura || !base || (crescita && (!misuraPiccola || !basePiccola))) {
+            std::printf("%-66s not measured\n", confronto.descrizione.c_str());
+            return false;
+        }
+        double rapporto = misura->minimo / base->minimo;
+        if (crescita)
+            rapporto /= misuraPiccola->minimo / basePiccola->minimo;
+        std::printf("%-66s %8.2f/%8.2f %8.2f/%8.2f %7.2f %7.2f%s\n", confronto.descrizione.c_str(),
+                    misura->minimo, misura->mediana, base->minimo, base->mediana, rapporto, confronto.massimo,
+                    rapporto > confronto.massimo ? "  OVER" : "");
+        return rapporto <= confronto.massimo;
+    }
+
+    std::optional<Tempi> trova(const std::string& nome) const {
+        const auto trovati = m_tempi.find(nome);
+        if (trovati == m_tempi.end())
+            return std::nullopt;
+        std::vector<double> tempi = trovati->second;
+        std::ranges::sort(tempi);
+        return Tempi{tempi.front(), tempi[tempi.size() / 2]};
+    }
+
+    std::map<std::string, std::vector<double>> m_tempi;
 };
 
 }  // namespace
@@ -62,12 +90,12 @@ int main(int argc, char** argv) {
     SenzaImpostazioni impostazioni;
     Impostazioni::installa(&impostazioni);
     benchmark::Initialize(&argc, argv);
-    Mediane mediane;
+    Tabella tabella;
     try {
-        benchmark::RunSpecifiedBenchmarks(&mediane);
+        benchmark::RunSpecifiedBenchmarks(&tabella);
     } catch (const Errore& errore) {
         std::fprintf(stderr, "%s\n", qPrintable(errore.testo()));
         return 1;
     }
-    return mediane.rapporti() ? 0 : 1;
+    return tabella.rapporti() ? 0 : 1;
 }

@@ -11,7 +11,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QSqlError>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -121,29 +120,11 @@ void controlla(const Esempio& esempio) {
     }
 }
 
-class Connessione final {
-public:
-    explicit Connessione(const QString& percorso) : m_db(QSqlDatabase::addDatabase(u"QSQLITE"_s, Nome)) {
-        m_db.setDatabaseName(percorso);
-        m_db.open();
-    }
-    Q_DISABLE_COPY_MOVE(Connessione)
-    ~Connessione() {
-        m_db = QSqlDatabase();
-        QSqlDatabase::removeDatabase(Nome);
-    }
-    [[nodiscard]] const QSqlDatabase& db() const { return m_db; }
-
-private:
-    inline static const QString Nome = u"esempio"_s;
-    QSqlDatabase m_db;
-};
-
 // Writes the rows of a file: its own columns that the archive has, and the columns worked out from
 // references. The keys grow as the rows are written, so that a row may refer to one before it.
 using Calcolo = std::function<QVariant(qsizetype riga)>;
-void scrivi(const QSqlDatabase& db, const TabellaDati& dati,
-            const QList<std::pair<QString, Calcolo>>& calcolate, Chiavi& chiavi) {
+void scrivi(Connessione& db, const TabellaDati& dati, const QList<std::pair<QString, Calcolo>>& calcolate,
+            Chiavi& chiavi) {
     const Tabella& tabella = *trovaTabella(dati.tabella());
     QStringList proprie;
     for (const QString& colonna : dati.colonne()) {
@@ -177,7 +158,7 @@ Calcolo chiaveDi(const TabellaDati& dati, const QString& colonna, const Indice& 
     };
 }
 
-int scriviTutto(const QSqlDatabase& db, const Esempio& es) {
+int scriviTutto(Connessione& db, const Esempio& es) {
     Chiavi manifestazioni, prove, gruppi, squadre, equipaggi, prezzi, rilevamenti, incassi;
     scrivi(db, es.manifestazione, {}, manifestazioni);
     const int idMan = manifestazioni.constFirst();
@@ -207,12 +188,9 @@ int scriviTutto(const QSqlDatabase& db, const Esempio& es) {
 
 int scriviArchivio(const QString& percorso, const Esempio& esempio) {
     creaArchivio(percorso);
-    const Connessione connessione(percorso);
-    if (!connessione.db().isOpen())
-        throw ErroreArchivio(connessione.db().lastError());
-    Statement(u"PRAGMA foreign_keys=ON"_s, connessione.db()).esegui();
-    Transazione transazione(connessione.db());
-    const int idMan = scriviTutto(connessione.db(), esempio);
+    Connessione connessione(percorso);
+    Transazione transazione(connessione);
+    const int idMan = scriviTutto(connessione, esempio);
     transazione.conferma();
     return idMan;
 }

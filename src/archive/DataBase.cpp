@@ -1,100 +1,38 @@
 #include "archive/DataBase.h"
 
+#include "archive/Disco.h"
 #include "archive/ErroreArchivio.h"
+#include "archive/Giornale.h"
 #include "archive/PercorsoApp.h"
 #include "archive/Schema.h"
 #include "archive/Statement.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QSqlError>
 #include <QtEndian>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString NomeConn = u"Conn"_s;
-const QString NomeConnShape = u"ConnShape"_s;
 constexpr QFile::Permissions SoloProprietario = QFile::ReadOwner | QFile::WriteOwner;
+constexpr int InizioIdentificativo = 68;  // in the file's header, four bytes, the highest first
 
-// Opens a file that is there; an archive that vanished while the program runs must not come back empty.
-void impostaFile(QSqlDatabase& db, const QString& percorso) {
-    db.setDatabaseName(QString::fromLatin1(QUrl::fromLocalFile(percorso).toEncoded()) + u"?mode=rw"_s);
-    db.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000"_s);
-    if (!db.open())
-        throw ErroreArchivio(db.lastError());
-}
-
-// A connection that lives for one check or one creation.
-class ConnessioneTemporanea final {
-public:
-    explicit ConnessioneTemporanea(const QString& percorso) {
-        try {
-            m_db = QSqlDatabase::addDatabase(u"QSQLITE"_s, Nome);
-            impostaFile(m_db, percorso);
-        } catch (...) {
-            dimentica();
-            throw;
-        }
-    }
-    Q_DISABLE_COPY_MOVE(ConnessioneTemporanea)
-    ~ConnessioneTemporanea() { dimentica(); }
-    [[nodiscard]] const QSqlDatabase& db() const { return m_db; }
-
-private:
-    void dimentica() {
-        m_db.close();
-        m_db = QSqlDatabase();
-        QSqlDatabase::removeDatabase(Nome);
-    }
-
-    inline static const QString Nome = u"temporanea"_s;
-    QSqlDatabase m_db;
-};
-
-void chiudi(const QString& nome) {
-    if (!QSqlDatabase::contains(nome))
-        return;
-    QSqlDatabase::database(nome, false).close();
-    QSqlDatabase::removeDatabase(nome);
-}
-
-void configura(QSqlDatabase db) {
-    impostaFile(db, percorsoArchivio());
-    for (const char* pragma :
-         {"PRAGMA foreign_keys=ON", "PRAGMA synchronous=FULL", "PRAGMA journal_mode=DELETE"})
-        Statement(QString::fromLatin1(pragma), db).esegui();
-}
-
-void apri(const QString& nome) {
-    if (QSqlDatabase::contains(nome))
-        throw ErroreArchivio(u"La connessione %1 all'archivio è già aperta."_s.arg(nome));
-    try {
-        configura(QSqlDatabase::addDatabase(u"QSQLITE"_s, nome));
-    } catch (...) {
-        chiudi(nome);
-        throw;
-    }
-}
-
-void scriviTabelle(const QSqlDatabase& db, int primaDelPasso) {
+void scriviTabelle(Connessione& connessione, int primaDelPasso) {
     const auto presente = [&](int passo) { return primaDelPasso == 0 || passo < primaDelPasso; };
-    Transazione transazione(db);
+    Transazione transazione(connessione);
     for (const Tabella& tabella : tabelle()) {
         if (presente(tabella.passo))
-            Statement(sqlCreaTabella(tabella, primaDelPasso), db).esegui();
+            Statement(sqlCreaTabella(tabella, primaDelPasso), connessione).esegui();
     }
     for (const Indice& indice : indici()) {
         if (presente(indice.passo))
-            Statement(sqlCreaIndice(indice), db).esegui();
+            Statement(sqlCreaIndice(indice), connessione).esegui();
     }
-    Statement(u"PRAGMA application_id=%1"_s.arg(IdentificativoArchivio), db).esegui();
+    Statement(u"PRAGMA application_id=%1"_s.arg(IdentificativoArchivio), connessione).esegui();
     transazione.conferma();
 }
-
-constexpr int InizioIdentificativo = 68;  // in the file's header, four bytes, the highest first
 
 // What can be told without the engine, which must not touch a file that is not ours.
 QString difettoDelFile(const QString& percorso) {
@@ -113,12 +51,13 @@ QString difettoDelFile(const QString& percorso) {
     return {};
 }
 
-QString difettoInterno(const QSqlDatabase& connessione) {
+QString difettoInterno(Connessione& connessione) {
     try {
-        Statement controllo(u"PRAGMA quick_check(1)"_s, connessione);
-        if (controllo.esegui().prossima() && controllo.testo(0) == u"ok")
-            return {};
-        return u"è danneggiato (%1)"_s.arg(controllo.testo(0));
+        Statement controllo(u"PRAGMA integrity_check(1)"_s, connessione);
+        if (!controllo.esegui().prossima())
+            return u"è danneggiato"_s;
+        const QString esito = controllo.testo(0);
+        return esito == u"ok" ? QString() : u"è danneggiato (%1)"_s.arg(esito);
     } catch (const ErroreArchivio& errore) {
         return u"non si può usare. %1"_s.arg(errore.testo());
     }
@@ -126,9 +65,44 @@ QString difettoInterno(const QSqlDatabase& connessione) {
 
 void rifiuta(const QString& difetto) {
     throw ErroreArchivio(
-        u"Il file dell'archivio\n%1\n%2.\n\nIl file non è stato toccato. Spostarlo, "
-        "oppure rimettere al suo posto l'ultima copia della cartella Backup."_s.arg(percorsoArchivio(),
-                                                                                    difetto));
+        u"Il file dell'archivio\n%1\n%2.\n\nIl file non è stato toccato. Spostarlo, insieme al file\n%3\n"
+        "se c'è, oppure rimettere al suo posto l'ultima copia della cartella Backup."_s.arg(
+            percorsoArchivio(), difetto, percorsoGiornale(percorsoArchivio())));
+}
+
+QString avvisoGiornale(const QString& messoDaParte) {
+    return u"Accanto all'archivio c'era il file di un'operazione interrotta che appartiene a un altro "
+           "archivio. È stato messo da parte come\n%1\ne l'archivio non è stato toccato."_s.arg(messoDaParte);
+}
+
+// A crash while the first page was written hurts the header alone; the journal holds what it was. Recovered
+// on copies: the archive is replaced only by a whole one, and the hurt file is kept. False when that cannot
+// be.
+bool recuperaTestata(const QString& percorso) {
+    const QString copia = percorso + u".recupero"_s;
+    const auto togliCopie = [&] {
+        QFile::remove(copia);
+        QFile::remove(percorsoGiornale(copia));
+    };
+    const auto recuperata = [&] {
+        try {
+            const Connessione connessione(copia);  // rolls the journal back
+            return true;
+        } catch (const ErroreArchivio&) {
+            return false;
+        }
+    };
+    togliCopie();
+    const QString guasto = percorso + QDateTime::currentDateTime().toString(u"'-guasto-'yyyy-MM-dd-HHmmss"_s);
+    const bool intero =
+        QFile::copy(percorso, copia) && QFile::copy(percorsoGiornale(percorso), percorsoGiornale(copia)) &&
+        QFile::setPermissions(copia, SoloProprietario) && recuperata() && difettoArchivio(copia).isEmpty() &&
+        QFile::copy(percorso, guasto) && sostituisciFile(copia, percorso);
+    // Last: until here the next start can do it all again.
+    if (intero)
+        mettiDaParteGiornale(percorso);
+    togliCopie();
+    return intero;
 }
 
 }  // namespace
@@ -137,23 +111,35 @@ QString percorsoArchivio() {
     return percorsoNelProgramma(u"mdvlm.mdb"_s);
 }
 
-QSqlDatabase Conn() {
-    return QSqlDatabase::database(NomeConn, false);
+Connessione& Conn() {
+    static Connessione connessione;
+    return connessione;
 }
 
-QSqlDatabase ConnShape() {
-    return QSqlDatabase::database(NomeConnShape, false);
+Connessione& ConnShape() {
+    static Connessione connessione;
+    return connessione;
 }
 
 QString difettoArchivio(const QString& percorso) {
-    const QString difetto = difettoDelFile(percorso);
-    return difetto.isEmpty() ? difettoInterno(ConnessioneTemporanea(percorso).db()) : difetto;
+    if (const QString difetto = difettoDelFile(percorso); !difetto.isEmpty())
+        return difetto;
+    try {
+        Connessione connessione(percorso);
+        return difettoInterno(connessione);
+    } catch (const ErroreArchivio& errore) {
+        return u"non si può usare. %1"_s.arg(errore.testo());
+    }
 }
 
 void creaArchivio(const QString& percorso, int primaDelPasso) {
     // Built aside and renamed: a process killed half-way leaves no half-made archive under the real name.
     const QString aParte = percorso + u".nuovo"_s;
-    QFile::remove(aParte);
+    const auto togli = [&] {
+        QFile::remove(aParte);
+        QFile::remove(percorsoGiornale(aParte));
+    };
+    togli();
     QFile file(aParte);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, SoloProprietario)) {
         throw ErroreArchivio(u"Impossibile creare l'archivio nella cartella %1: %2."_s.arg(
@@ -161,38 +147,54 @@ void creaArchivio(const QString& percorso, int primaDelPasso) {
     }
     file.close();
     try {
-        const ConnessioneTemporanea connessione(aParte);
-        scriviTabelle(connessione.db(), primaDelPasso);
+        Connessione connessione(aParte);
+        scriviTabelle(connessione, primaDelPasso);
     } catch (...) {
-        QFile::remove(aParte);
+        togli();
         throw;
     }
     if (!QFile::rename(aParte, percorso)) {
-        QFile::remove(aParte);
+        togli();
         throw ErroreArchivio(u"Impossibile creare l'archivio %1."_s.arg(percorso));
     }
+    sincronizzaCartella(QFileInfo(percorso).path());
 }
 
-void PreparaArchivio() {
+QString PreparaArchivio() {
     const QString percorso = percorsoArchivio();
     const QFileInfo file(percorso);
     if (!file.exists() && !file.isSymLink()) {
+        const QString messoDaParte = mettiDaParteGiornale(percorso);
         creaArchivio(percorso);
-        return;
+        return messoDaParte.isEmpty() ? QString() : avvisoGiornale(messoDaParte);
     }
-    if (const QString difetto = difettoDelFile(percorso); !difetto.isEmpty())
-        rifiuta(difetto);
+    QString avviso;
+    if (const QString difetto = difettoDelFile(percorso); !difetto.isEmpty()) {
+        if (riconosciGiornale(percorso) != Giornale::Proprio || !recuperaTestata(percorso))
+            rifiuta(difetto);
+        avviso =
+            u"L'ultima operazione era stata interrotta mentre si scriveva l'archivio: l'archivio è stato "
+            "recuperato com'era prima di quella operazione."_s;
+    }
     // The engine needs the folder too: its journal stands beside the file.
     if (!file.isWritable() || !QFileInfo(file.path()).isWritable()) {
         throw ErroreArchivio(
             u"L'archivio %1 o la sua cartella non si possono scrivere: controllare i permessi."_s.arg(
                 percorso));
     }
+    if (riconosciGiornale(percorso) == Giornale::Estraneo)
+        avviso = avvisoGiornale(mettiDaParteGiornale(percorso));
+    return avviso;
 }
 
 void ApriDataBase() {
-    apri(NomeConn);
-    apri(NomeConnShape);
+    Conn().apri(percorsoArchivio());
+    try {
+        ConnShape().apri(percorsoArchivio());
+    } catch (...) {
+        Conn().chiudi();
+        throw;
+    }
 }
 
 void VerificaArchivio() {
@@ -201,6 +203,6 @@ void VerificaArchivio() {
 }
 
 void ChiudiDataBase() {
-    chiudi(NomeConn);
-    chiudi(NomeConnShape);
+    Conn().chiudi();
+    ConnShape().chiudi();
 }

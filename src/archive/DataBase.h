@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QSqlDatabase>
-#include <QString>
+#include "archive/Connessione.h"
 
 // The archive: one SQLite file in the program folder and the two connections that serve it for as long as the
 // program runs. All functions throw ErroreArchivio.
@@ -10,13 +9,14 @@ inline constexpr int IdentificativoArchivio = 0x564C4D31;  // "VLM1" in the head
 
 QString percorsoArchivio();
 
-QSqlDatabase Conn();       // all reads and writes
-QSqlDatabase ConnShape();  // the parent-and-children queries of the reports
+Connessione& Conn();       // all reads and writes
+Connessione& ConnShape();  // the parent-and-children queries of the reports
 
 // At start, before the connections open: makes a new archive when the file is missing, and refuses a file
 // that is not an archive of ours or cannot be written. Once they are open, VerificaArchivio refuses one that
-// is damaged. A refused file is left as it is.
-void PreparaArchivio();
+// is damaged. A refused file is left as it is. Gives what the operator must be told: a journal of another
+// file was set aside, a hurt archive was recovered; empty when there is nothing.
+QString PreparaArchivio();
 void VerificaArchivio();
 
 void ApriDataBase();
@@ -26,5 +26,6 @@ void ChiudiDataBase();
 // `primaDelPasso`: the tables as they were before that upgrade step; by default as they are now.
 void creaArchivio(const QString& percorso, int primaDelPasso = 0);
 
-// What is wrong with the file as an archive, in the operator's words; empty when nothing is.
+// What is wrong with the file as an archive, indexes included, in the operator's words; empty when nothing
+// is.
 QString difettoArchivio(const QString& percorso);

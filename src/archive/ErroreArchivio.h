@@ -3,8 +3,6 @@
 #include <QString>
 #include <stdexcept>
 
-class QSqlError;
-
 // A failure that the operator must read: its text is Italian and complete.
 class Errore : public std::runtime_error {
 public:
@@ -15,9 +13,10 @@ private:
     QString m_testo;
 };
 
-// A failure of the archive: opening, reading, writing. Carries the engine's own text.
+// A failure of the archive: opening, reading, writing.
 class ErroreArchivio final : public Errore {
 public:
     using Errore::Errore;
-    explicit ErroreArchivio(const QSqlError& errore);
+    // From the engine's extended result code and its own text, which follows our sentence in brackets.
+    ErroreArchivio(int codice, const QString& testoMotore);
 };

@@ -92,22 +92,6 @@ bool IstanzaUnica::acquisisci() {
     return !occupato;
 }
 
-void sincronizzaCartella(const QString& cartella) {
-#ifndef Q_OS_WIN
-    const int file = ::open(QFile::encodeName(cartella).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const int errore = file < 0 || ::fsync(file) != 0 ? errno : 0;
-    if (file >= 0)
-        ::close(file);
-    // Some file systems know no such thing for folders.
-    if (errore != 0 && errore != EINVAL && errore != ENOTSUP) {
-        throw Errore(
-            u"%1: %2"_s.arg(cartella, QString::fromStdString(std::generic_category().message(errore))));
-    }
-#else
-    Q_UNUSED(cartella)
-#endif
-}
-
 QStringList strumentoInformazioniSistema() {
 #ifdef Q_OS_WIN
     const QSettings info(u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Shared Tools\\MSINFO"_s,

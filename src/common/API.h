@@ -20,9 +20,6 @@ private:
     qintptr m_file = -1;  // the platform's own handle
 };
 
-// Makes the names in a folder last through a power cut, after a file was renamed into it. Throws Errore.
-void sincronizzaCartella(const QString& cartella);
-
 // Command line of the system-information tool, program first; empty when there is none.
 // On Windows the registry tells it; elsewhere it is the first of the desktop's own programs that is
 // installed.

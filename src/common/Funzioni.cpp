@@ -62,7 +62,8 @@ std::optional<QString> primoCompletamento(const QString& tabella, const QString&
     for (const char16_t speciale : {u'\\', u'%', u'_'})
         modello.replace(QChar(speciale), QString(u'\\') + QChar(speciale));
     const std::optional<QVariant> valore = leggiValore(
-        u"SELECT [%1] FROM [%2] WHERE [%1] LIKE ? ESCAPE '\\' ORDER BY [%1] LIMIT 1"_s.arg(colonna, tabella),
+        u"SELECT [%1] FROM [%2] WHERE [%1] LIKE ? ESCAPE '\\' ORDER BY [%1] COLLATE ITALIANO LIMIT 1"_s.arg(
+            colonna, tabella),
         {modello + u'%'});
     if (!valore)
         return std::nullopt;

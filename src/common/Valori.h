@@ -3,6 +3,7 @@
 #include <optional>
 #include <QDate>
 #include <QString>
+#include <string_view>
 
 // Times, dates and numbers as text and back.
 //
@@ -20,6 +21,7 @@ QString SecondiInTempo(int secondi);
 QString CentesimiInTempo(int centesimi);
 // Never fails: blanks count as zeros, and a text that is no time is worth its last two characters alone.
 int TempoInCentesimi(QStringView testo) noexcept;
+int TempoInCentesimi(std::string_view utf8);
 // Distance of two times of day on the 24-hour circle, 0 to 4320000: midnight costs the short way round.
 int DifferenzaTempi(int a, int b) noexcept;
 

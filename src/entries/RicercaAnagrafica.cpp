@@ -10,7 +10,7 @@ QList<PersonaArchivio> leggiAnagrafica() {
         u"SELECT IDEqu,coalesce(Cog,'')||' '||coalesce(E.Nom,''),coalesce(CogNav,'')||' "
         u"'||coalesce(NomNav,''),"
         "coalesce(Mar,'')||' '||coalesce([Mod],''),Ann,M.Nom "
-        "FROM Equipaggi E JOIN Manifestazioni M ON M.IDMan=E.IDMan_FK ORDER BY Cog,E.Nom,IDEqu"_s);
+        "FROM Equipaggi E JOIN Manifestazioni M ON M.IDMan=E.IDMan_FK ORDER BY Cog COLLATE ITALIANO,E.Nom COLLATE ITALIANO,IDEqu"_s);
     lettura.esegui();
     while (lettura.prossima()) {
         persone << PersonaArchivio{lettura.intero(0), lettura.testo(1), lettura.testo(2),

@@ -5,6 +5,7 @@
 #include "common/Valori.h"
 #include "scoring/Calcolo.h"
 
+#include <algorithm>
 #include <cmath>
 #include <QHash>
 #include <QStringList>
@@ -35,14 +36,30 @@ private:
     int m_ultima = -1;
 };
 
-struct LetturaTesto {
-    int idRil = 0;
-    QVariant tPar;
-    QVariant tArr;
+enum class Presenza { Null, Bianco, Scritto };
+
+struct TempoLetto {
+    Presenza presenza = Presenza::Null;
+    int centesimi = 0;
 };
 
-bool mancante(const QVariant& tempo) {
-    return tempo.isNull() || tempo.toString().trimmed().isEmpty();
+struct Lettura {
+    int idRil = 0;
+    TempoLetto partenza;
+    TempoLetto arrivo;
+
+    // One of the two is Null, or one is blank.
+    [[nodiscard]] bool manca(Presenza come) const {
+        return partenza.presenza == come || arrivo.presenza == come;
+    }
+};
+
+TempoLetto leggiTempo(const Statement& riga, int colonna) {
+    const std::string_view testo = riga.utf8(colonna);
+    if (!testo.data())
+        return {};
+    const bool bianco = testo.find_first_not_of(" \t\r\n") == std::string_view::npos;
+    return {bianco ? Presenza::Bianco : Presenza::Scritto, TempoInCentesimi(testo)};
 }
 
 std::vector<TempoTrovato> coppia(int idRil, const QString& motivo) {
@@ -50,11 +67,13 @@ std::vector<TempoTrovato> coppia(int idRil, const QString& motivo) {
             {idRil, CampoTempo::Arrivo, u"Arrivo [%1]"_s.arg(motivo)}};
 }
 
-std::vector<TempoTrovato> mancanti(const LetturaTesto& lettura) {
+// Beside a Null time a blank one counts as there.
+std::vector<TempoTrovato> mancanti(const Lettura& lettura) {
+    const Presenza come = lettura.manca(Presenza::Null) ? Presenza::Null : Presenza::Bianco;
     std::vector<TempoTrovato> trovati = coppia(lettura.idRil, u"Mancante"_s);
-    if (!mancante(lettura.tPar)) {
+    if (lettura.partenza.presenza != come) {
         trovati.erase(trovati.begin());
-    } else if (!mancante(lettura.tArr)) {
+    } else if (lettura.arrivo.presenza != come) {
         trovati.pop_back();
     }
     return trovati;
@@ -87,8 +106,6 @@ private:
     }
 
     void leggiNomi() {
-        for (std::size_t i = 0; i < m_calcolo.prove().size(); ++i)
-            m_postoProva.insert(m_calcolo.prove()[i].idPro, i);
         Statement riga(u"SELECT IDPro,Nom FROM Prove WHERE IDMan_FK=?"_s);
         riga.esegui({IDMan});
         while (riga.prossima())
@@ -96,27 +113,34 @@ private:
     }
 
     void scorriLetture() {
-        QVariantList valori{IDMan};
-        QString filtro;
-        if (m_idEqu) {
-            filtro = u" AND IDEqu_FK=?"_s;
-            valori << *m_idEqu;
-        }
         Percentuale percentuale(m_avanzamento, FaseRicerca::Tempi, lettureAttese());
+        // In the order of the index, which costs no sorting; the few crews found are put in theirs at the
+        // end.
         Statement riga(
-            u"SELECT IDEqu,IDPro,IDRil,TPar,TArr FROM Equipaggi INNER JOIN (Prove INNER JOIN Rilevamenti ON "
-            "Prove.IDPro=Rilevamenti.IDPro_FK) ON Equipaggi.IDEqu=Rilevamenti.IDEqu_FK "
-            "WHERE Prove.Svo=1 AND Prove.IDMan_FK=?%1 ORDER BY Equipaggi.Num,IDEqu,Prove.IDPro,IDRil"_s.arg(
-                filtro));
-        riga.esegui(valori);
+            u"SELECT IDEqu_FK,IDPro_FK,IDRil,TPar,TArr FROM Rilevamenti WHERE IDEqu_FK IN "
+            "(SELECT IDEqu FROM Equipaggi WHERE %1=?) ORDER BY IDEqu_FK,IDPro_FK,IDRil"_s.arg(
+                m_idEqu ? u"IDEqu"_s : u"IDMan_FK"_s));
+        riga.esegui({m_idEqu.value_or(IDMan)});
         while (riga.prossima()) {
+            const std::optional<std::size_t> prova = postoSvolta(riga.intero(1));
+            if (!prova)
+                continue;
             const auto media = m_medie.constFind(riga.intero(0));
-            if (media != m_medie.cend()) {
-                esamina(riga.intero(0), riga.intero(1), {riga.intero(2), riga.valore(3), riga.valore(4)},
+            if (media != m_medie.cend())
+                esamina(riga.intero(0), *prova, {riga.intero(2), leggiTempo(riga, 3), leggiTempo(riga, 4)},
                         *media);
-            }
             percentuale.passo();
         }
+        std::ranges::stable_sort(m_risultato.equipaggi, {}, &EquipaggioTrovato::num);
+    }
+
+    // Of a test run, among those of the event, which are in the order of their keys.
+    [[nodiscard]] std::optional<std::size_t> postoSvolta(int idPro) const {
+        const std::vector<ProvaCalcolo>& prove = m_calcolo.prove();
+        const auto trovata = std::ranges::lower_bound(prove, idPro, {}, &ProvaCalcolo::idPro);
+        if (trovata == prove.end() || trovata->idPro != idPro || !trovata->svolta)
+            return std::nullopt;
+        return static_cast<std::size_t>(trovata - prove.begin());
     }
 
     [[nodiscard]] std::size_t lettureAttese() const {
@@ -130,18 +154,18 @@ private:
                 ->toLongLong());
     }
 
-    void esamina(int idEqu, int idPro, const LetturaTesto& lettura, float media) {
-        if (mancante(lettura.tPar) || mancante(lettura.tArr)) {
+    void esamina(int idEqu, std::size_t posto, const Lettura& lettura, float media) {
+        const int idPro = m_calcolo.prove()[posto].idPro;
+        if (lettura.manca(Presenza::Null) || lettura.manca(Presenza::Bianco)) {
             prova(idEqu, idPro, media).tempi = mancanti(lettura);
             return;
         }
-        const EquipaggioCalcolo& equipaggio = *m_calcolo.trova(idEqu);
-        const auto penalita = static_cast<float>(m_calcolo.penalita(equipaggio, m_postoProva.value(idPro)));
+        const auto penalita = static_cast<float>(m_calcolo.penalita(*m_calcolo.trova(idEqu), posto));
         const float limite = FattoreMedia * media;
         if (limite > penalita)
             return;
         ProvaTrovata& trovata = prova(idEqu, idPro, media);
-        if (TempoInCentesimi(lettura.tPar.toString()) >= TempoInCentesimi(lettura.tArr.toString())) {
+        if (lettura.partenza.centesimi >= lettura.arrivo.centesimi) {
             trovata.tempi = coppia(lettura.idRil, u"Arrivo<Partenza"_s);
         } else if (limite < penalita) {
             trovata.tempi = coppia(lettura.idRil, u"Fuori Media"_s);
@@ -170,7 +194,6 @@ private:
     std::optional<int> m_idEqu;
     Calcolo m_calcolo;
     QHash<int, float> m_medie;  // by crew
-    QHash<int, std::size_t> m_postoProva;
     QHash<int, QString> m_nomi;
     RisultatoRicerca m_risultato;
 };

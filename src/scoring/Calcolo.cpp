@@ -109,7 +109,6 @@ void Calcolo::leggiProve(const SelezioneCalcolo& selezione) {
     while (riga.prossima()) {
         const bool conta =
             (giorno.isEmpty() || riga.testo(4) == giorno) && (riga.vero(3) || !selezione.soloSvolte);
-        m_postoProva.insert(riga.intero(0), m_prove.size());
         m_prove.push_back({riga.intero(0), leggiTipoProva(riga.testo(1)),
                            TempoInCentesimi(riga.testo(2) + u":00"_s), riga.vero(3), conta});
     }
@@ -146,19 +145,34 @@ void Calcolo::leggiRilevamenti(const SelezioneCalcolo& selezione) {
     Statement riga(u"SELECT IDEqu_FK,IDPro_FK,TPar,TArr,PenAgg FROM Rilevamenti"_s + filtro +
                    u" ORDER BY IDEqu_FK,IDPro_FK,IDRil"_s);
     riga.esegui(valori);
+    // The rows come in the order of both lists, each crew's anew from the first test.
+    std::size_t equipaggio = 0;
+    std::size_t prova = 0;
     while (riga.prossima()) {
-        const auto equipaggio = m_postoEquipaggio.constFind(riga.intero(0));
-        const auto prova = m_postoProva.constFind(riga.intero(1));
-        if (equipaggio == m_postoEquipaggio.cend() || prova == m_postoProva.cend())
+        const int idEqu = riga.intero(0);
+        const int idPro = riga.intero(1);
+        while (equipaggio < m_equipaggi.size() && m_equipaggi[equipaggio].idEqu < idEqu) {
+            ++equipaggio;
+            prova = 0;
+        }
+        while (prova < m_prove.size() && m_prove[prova].idPro < idPro)
+            ++prova;
+        if (equipaggio == m_equipaggi.size() || m_equipaggi[equipaggio].idEqu != idEqu ||
+            prova == m_prove.size() || m_prove[prova].idPro != idPro)
             continue;
-        LetturaCalcolo& lettura = m_letture[*equipaggio * m_prove.size() + *prova];
-        if (!lettura.esiste)  // of rows written twice the first counts
-            lettura = componiLettura(riga.testo(2), riga.testo(3), riga.reale(4));
+        LetturaCalcolo& lettura = m_letture[equipaggio * m_prove.size() + prova];
+        if (lettura.esiste)  // of rows written twice the first counts
+            continue;
+        const std::string_view tPar = riga.utf8(2);
+        const std::string_view tArr = riga.utf8(3);
+        lettura = {true, tPar.empty() || tArr.empty(), TempoInCentesimi(tPar), TempoInCentesimi(tArr),
+                   riga.reale(4)};
     }
 }
 
-std::size_t Calcolo::posto(const EquipaggioCalcolo& equipaggio) const {
-    return m_postoEquipaggio.value(equipaggio.idEqu);
+std::span<const LetturaCalcolo> Calcolo::letture(const EquipaggioCalcolo& equipaggio) const {
+    return std::span(m_letture).subspan(m_postoEquipaggio.value(equipaggio.idEqu) * m_prove.size(),
+                                        m_prove.size());
 }
 
 const EquipaggioCalcolo* Calcolo::trova(int idEqu) const {
@@ -171,12 +185,13 @@ const LetturaCalcolo& Calcolo::lettura(std::size_t equipaggio, std::size_t prova
 }
 
 double Calcolo::sommaTempi(const EquipaggioCalcolo& equipaggio, bool& errore) const {
+    const std::span<const LetturaCalcolo> lette = letture(equipaggio);
     double somma = 0;
     for (std::size_t i = 0; i < m_prove.size(); ++i) {
         if (!m_prove[i].conta)
             continue;
         const std::optional<double> penalita =
-            penalitaProva(m_impostazione, equipaggio.asi, m_prove[i], lettura(posto(equipaggio), i));
+            penalitaProva(m_impostazione, equipaggio.asi, m_prove[i], lette[i]);
         if (!penalita) {
             errore = true;
             break;
@@ -187,11 +202,12 @@ double Calcolo::sommaTempi(const EquipaggioCalcolo& equipaggio, bool& errore) co
 }
 
 double Calcolo::sommaAggiunte(const EquipaggioCalcolo& equipaggio, bool& errore) const {
+    const std::span<const LetturaCalcolo> lette = letture(equipaggio);
     double somma = 0;
     for (std::size_t i = 0; i < m_prove.size(); ++i) {
         if (!m_prove[i].conta)
             continue;
-        const LetturaCalcolo& letta = lettura(posto(equipaggio), i);
+        const LetturaCalcolo& letta = lette[i];
         if (!letta.esiste) {
             errore = true;
             break;
@@ -225,7 +241,7 @@ double Calcolo::coefficiente(const EquipaggioCalcolo& equipaggio, bool& errore) 
 
 double Calcolo::penalita(const EquipaggioCalcolo& equipaggio, std::size_t prova) const {
     const std::optional<double> valore =
-        penalitaProva(m_impostazione, equipaggio.asi, m_prove[prova], lettura(posto(equipaggio), prova));
+        penalitaProva(m_impostazione, equipaggio.asi, m_prove[prova], letture(equipaggio)[prova]);
     if (!valore) {
         throw Errore(
             u"La penalità dell'equipaggio n. %1 è troppo grande: controllare i tempi e la penalità per unità."_s
@@ -235,19 +251,21 @@ double Calcolo::penalita(const EquipaggioCalcolo& equipaggio, std::size_t prova)
 }
 
 float Calcolo::media(const EquipaggioCalcolo& equipaggio) const {
+    const std::span<const LetturaCalcolo> lette = letture(equipaggio);
     std::vector<float> svolte;
     for (std::size_t i = 0; i < m_prove.size(); ++i) {
-        if (m_prove[i].svolta && lettura(posto(equipaggio), i).esiste)
+        if (m_prove[i].svolta && lette[i].esiste)
             svolte.push_back(static_cast<float>(penalita(equipaggio, i)));
     }
     return mediaTagliata(svolte);
 }
 
 bool Calcolo::tempiCompleti(const EquipaggioCalcolo& equipaggio) const {
+    const std::span<const LetturaCalcolo> lette = letture(equipaggio);
     for (std::size_t i = 0; i < m_prove.size(); ++i) {
         if (!m_prove[i].svolta)
             continue;
-        const LetturaCalcolo& letta = lettura(posto(equipaggio), i);
+        const LetturaCalcolo& letta = lette[i];
         if (!letta.esiste) {
             throw Errore(
                 u"All'equipaggio n. %1 manca la riga dei rilevamenti di una prova."_s.arg(equipaggio.num));

@@ -103,13 +103,13 @@ private:
     void leggiProve(const SelezioneCalcolo& selezione);
     void leggiEquipaggi(const SelezioneCalcolo& selezione);
     void leggiRilevamenti(const SelezioneCalcolo& selezione);
-    [[nodiscard]] std::size_t posto(const EquipaggioCalcolo& equipaggio) const;
+    // Of a crew, by the places of the tests.
+    [[nodiscard]] std::span<const LetturaCalcolo> letture(const EquipaggioCalcolo& equipaggio) const;
 
     Impostazione m_impostazione;
     std::vector<ProvaCalcolo> m_prove;
     std::vector<EquipaggioCalcolo> m_equipaggi;
     std::vector<LetturaCalcolo> m_letture;  // crews by tests
-    QHash<int, std::size_t> m_postoProva;
     QHash<int, std::size_t> m_postoEquipaggio;
     QHash<int, std::optional<double>> m_fattori;  // by group; nothing for a Null factor
 };

@@ -22,7 +22,7 @@ namespace {
 const QString MotivoAutomatico = u"Rilevamenti Mancanti"_s;
 
 struct Riga {
-    QVariantList valori;  // Gru, Squ, Num, Con, Vei, Ann as they go into the table
+    int idEqu = 0;
     bool esclusa = false;
     std::optional<int> anno;
     const EquipaggioCalcolo* equipaggio = nullptr;
@@ -31,11 +31,14 @@ struct Riga {
     [[nodiscard]] double pen() const { return esclusa ? PenEscluso : penalita.totale(); }
 };
 
-enum Crew { ChiaveCrew, Gru, Squ, Num, Con, Vei, Ann, Esc, MotEsc, Ses, SesNav, Omo };
+enum Crew { ChiaveCrew, Gru, Num, Ann, Esc, MotEsc, Ses, SesNav, Omo };
 const QString SqlCrew =
-    u"SELECT IDEqu,IDGru_FK,IDSqu_FK,Num,coalesce(Cog,'')||' '||coalesce(CogNav,''),"
-    "coalesce(Mar,'')||' '||coalesce([Mod],''),Ann,Esc,MotEsc,Ses,SesNav,Omo "
-    "FROM Equipaggi WHERE IDMan_FK=? ORDER BY IDEqu"_s;
+    u"SELECT IDEqu,IDGru_FK,Num,Ann,Esc,MotEsc,Ses,SesNav,Omo FROM Equipaggi WHERE IDMan_FK=? ORDER BY IDEqu"_s;
+// What a row shows of its crew goes from table to table as it is.
+const QString SqlRiga =
+    u"INSERT INTO Classifica (Gru,Squ,Num,Con,Vei,Ann,Pen,PenNet,PenAgg,Coeff,Pos) "
+    "SELECT IDGru_FK,IDSqu_FK,Num,coalesce(Cog,'')||' '||coalesce(CogNav,''),"
+    "coalesce(Mar,'')||' '||coalesce([Mod],''),Ann,?,?,?,?,? FROM Equipaggi WHERE IDEqu=?"_s;
 
 bool appartiene(const Statement& crew, const RichiestaClassifica& richiesta) {
     if (richiesta.femminile)
@@ -84,15 +87,14 @@ std::vector<Riga> raccogli(const RichiestaClassifica& richiesta, const QSet<int>
         if (!appartiene(crew, richiesta))
             continue;
         Riga riga;
-        for (int colonna = Gru; colonna <= Ann; ++colonna)
-            riga.valori << crew.valore(colonna);
+        riga.idEqu = crew.intero(ChiaveCrew);
         if (!crew.nullo(Ann))
             riga.anno = crew.intero(Ann);
-        const bool incompleto = incompleti.contains(crew.intero(ChiaveCrew));
+        const bool incompleto = incompleti.contains(riga.idEqu);
         riga.esclusa = incompleto || crew.vero(Esc);
         if (riga.esclusa)
             aggiungiEscluso(esclusi, crew.testo(Num), incompleto ? MotivoAutomatico : crew.testo(MotEsc));
-        riga.equipaggio = calcolo.trova(crew.intero(ChiaveCrew));
+        riga.equipaggio = calcolo.trova(riga.idEqu);
         righe.push_back(std::move(riga));
     }
     return righe;
@@ -118,21 +120,13 @@ void ordina(std::vector<Riga>& righe) {
 }
 
 void scrivi(const std::vector<Riga>& righe) {
-    Statement pulizia(u"DELETE FROM Classifica"_s);
-    pulizia.esegui();
-    Statement scrittura(
-        u"INSERT INTO Classifica (Gru,Squ,Num,Con,Vei,Ann,Pen,PenNet,PenAgg,Coeff,Pos) "
-        "VALUES (?,?,?,?,?,?,?,?,?,?,?)"_s);
+    esegui(u"DELETE FROM Classifica"_s);
+    Statement scrittura(SqlRiga);
     int posizione = 0;
     for (const Riga& riga : righe) {
-        QVariantList valori = riga.valori;
-        valori << riga.pen();
-        if (riga.esclusa) {
-            valori << QVariant() << QVariant() << QVariant();
-        } else {
-            valori << riga.penalita.tempi << riga.penalita.aggiunte << riga.penalita.coefficiente;
-        }
-        scrittura.esegui(valori << ++posizione);
+        const auto diValida = [&](double valore) { return riga.esclusa ? QVariant() : QVariant(valore); };
+        scrittura.esegui({riga.pen(), diValida(riga.penalita.tempi), diValida(riga.penalita.aggiunte),
+                          diValida(riga.penalita.coefficiente), ++posizione, riga.idEqu});
     }
 }
 

@@ -1,9 +1,10 @@
 #include "shell/Salvataggio.h"
 
 #include "archive/DataBase.h"
+#include "archive/Disco.h"
 #include "archive/ErroreArchivio.h"
+#include "archive/Giornale.h"
 #include "archive/PercorsoApp.h"
-#include "common/API.h"
 #include "common/Orologio.h"
 #include "shell/AggiornamentoSoftware.h"
 
@@ -114,7 +115,7 @@ void togliResti() {
 // What is wrong with a copy that was just made. The file alone is not the whole archive while the journal of
 // an interrupted action stands beside it.
 QString difettoDellaCopia(const QString& copia) {
-    if (QFileInfo(percorsoArchivio() + u"-journal"_s).size() > 0)
+    if (QFileInfo(percorsoGiornale(percorsoArchivio())).size() > 0)
         return u"è incompleto (accanto all'archivio c'è mdvlm.mdb-journal, di un'operazione interrotta)"_s;
     return difettoArchivio(copia);
 }

@@ -106,7 +106,8 @@ void frmMain::carica() {
     QFile::remove(percorsoNelProgramma(u"temp.mdb"_s));  // of an interrupted import
     impostaFileAiuto(percorsoNelProgramma(u"vlm help.hlp"_s));
     controllaArchivioPerduto();
-    PreparaArchivio();
+    if (const QString avviso = PreparaArchivio(); !avviso.isEmpty())
+        avverti(u"Archivio"_s, avviso);
     ApriDataBase();
     VerificaArchivio();
     chiudiAgliAltri(percorsoArchivio());
@@ -145,17 +146,15 @@ void frmMain::eseguiVoce(const VoceMenu& voce) {
     m_pannelloGuasto = false;
     apriVoce(voce);
     // Not every platform activates this window again when the one over it closes.
-    if (Conn().isOpen())
+    if (Conn().aperta())
         attivazione();
 }
 
 void frmMain::apriVoce(const VoceMenu& voce) {
     const QString nome = QString::fromUtf16(voce.nome);
     // One that could not be opened again, on a disk that was away, is tried once more: not in order to leave.
-    if (nome != u"mnuEsci" && !(Conn().isOpen() && ConnShape().isOpen())) {
-        ChiudiDataBase();
+    if (nome != u"mnuEsci" && !Conn().aperta())
         ApriDataBase();
-    }
     if (!controlla(voce.controllo) || !domandaPrima(nome))
         return;
     if (nonAncoraDisponibile(nome)) {
@@ -200,7 +199,7 @@ bool frmMain::aggiornaPannello() {
 
 bool frmMain::event(QEvent* evento) {
     // A panel that cannot be read is told once: the box itself activates the window again when it closes.
-    if (evento->type() == QEvent::WindowActivate && !m_pannelloGuasto && Conn().isOpen()) {
+    if (evento->type() == QEvent::WindowActivate && !m_pannelloGuasto && Conn().aperta()) {
         m_pannelloGuasto = true;
         attivazione();
         m_pannelloGuasto = false;

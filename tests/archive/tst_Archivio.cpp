@@ -1,8 +1,11 @@
 #include "archive/ErroreArchivio.h"
+#include "archive/Testi.h"
 #include "supporto/ProgrammaDiProva.h"
 
 #include <unistd.h>
+#include <QDir>
 #include <QFile>
+#include <QtEndian>
 #include <QTest>
 
 class tst_Archivio final : public QObject {
@@ -16,6 +19,10 @@ private Q_SLOTS:
     void cartellaNonScrivibile();
     void spartito();
     void discoPieno();
+    void occupato();
+    void testi();
+    void giornale_data();
+    void giornale();
 };
 
 namespace {
@@ -96,7 +103,9 @@ void tst_Archivio::maiusculeEValori() {
     QVERIFY(!lettura.nullo(lettura.colonna("Not")));
     QCOMPARE(lettura.testo("Cil"), QStringLiteral("1298"));
     QVERIFY_EXCEPTION_THROWN((void)lettura.colonna("Manca"), ErroreArchivio);
-    QVERIFY_EXCEPTION_THROWN(inserisciRiga("Prove", {{"IDMan_FK", 999}}), ErroreArchivio);
+    const QString orfana = errore([] { inserisciRiga("Prove", {{"IDMan_FK", 999}}); });
+    QVERIFY2(orfana.contains("non accetta questi dati") && orfana.contains("(FOREIGN KEY constraint failed)"),
+             qPrintable(orfana));
 }
 
 void tst_Archivio::ristretto() {
@@ -192,6 +201,130 @@ void tst_Archivio::discoPieno() {
     ApriDataBase();
     QCOMPARE(contaRighe("Manifestazioni"), 1);
     QCOMPARE(difettoArchivio(percorsoArchivio()), QString());
+}
+
+void tst_Archivio::occupato() {
+    ProgrammaDiProva programma;
+    leggiValore("PRAGMA busy_timeout=1");
+    const Transazione altrui(ConnShape());
+    const QString testo = errore([] { nuovaManifestazione(); });
+    QVERIFY2(testo.startsWith("L'archivio è in uso"), qPrintable(testo));
+}
+
+void tst_Archivio::testi() {
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const QStringList ordinati{"Angelo", "D'Angelo", "D'Angelò", "Eco", "èdera", "EDOARDO", "Zeta"};
+    for (int i = 0; i < ordinati.size(); ++i)
+        nuovoEquipaggio(i, {{"Cog", ordinati.at((i * 5) % ordinati.size())}});
+    QStringList letti;
+    Statement lettura("SELECT Cog FROM Equipaggi ORDER BY Cog COLLATE ITALIANO");
+    for (lettura.esegui(); lettura.prossima();)
+        letti << lettura.testo(0);
+    QCOMPARE(letti, ordinati);
+    QCOMPARE(confrontaTesti(u"ÈDERA", u"èdera"), 0);
+
+    const struct {
+        const char* testo;
+        const char* modello;
+        bool somiglia;
+    } casi[] = {{"D'ANGELÒ", "d'angelò", true},
+                {"D'ANGELÒ", "d'angelo", false},
+                {"Èdera", "è%", true},
+                {"Èdera", "_d%r_", true},
+                {"100%", "100\\%", true},
+                {"1000", "100\\%", false},
+                {"abcabd", "%ab_", true},
+                {"", "%", true},
+                {"", "_", false}};
+    for (const auto& caso : casi) {
+        QCOMPARE(leggiValore("SELECT ? LIKE ? ESCAPE '\\'", {caso.testo, caso.modello})->toBool(),
+                 caso.somiglia);
+        if (!QByteArray(caso.modello).contains('\\'))
+            QCOMPARE(leggiValore("SELECT ? LIKE ?", {caso.testo, caso.modello})->toBool(), caso.somiglia);
+    }
+    QVERIFY(leggiValore("SELECT NULL LIKE '%'")->isNull());
+}
+
+namespace {
+
+// The journal that an interrupted action leaves: every page as it was before, with the sums of the format.
+QByteArray scriviGiornale(const QByteArray& prima, qsizetype pagina) {
+    constexpr quint32 Seme = 12345;
+    const auto numero = [](quint32 valore) {
+        QByteArray byte(4, '\0');
+        qToBigEndian(valore, byte.data());
+        return byte;
+    };
+    const auto pagine = static_cast<quint32>(prima.size() / pagina);
+    QByteArray giornale = QByteArray("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8) + numero(pagine) + numero(Seme) +
+                          numero(pagine) + numero(512) + numero(static_cast<quint32>(pagina));
+    giornale = giornale.leftJustified(512, '\0');
+    for (quint32 i = 0; i < pagine; ++i) {
+        const QByteArray dati = prima.mid(qsizetype{i} * pagina, pagina);
+        quint32 somma = Seme;
+        for (qsizetype posto = pagina - 200; posto > 0; posto -= 200)
+            somma += static_cast<uchar>(dati.at(posto));
+        giornale += numero(i + 1) + dati + numero(somma);
+    }
+    return giornale;
+}
+
+}  // namespace
+
+void tst_Archivio::giornale_data() {
+    // What is done to the archive of two events after an action that had one event before it, and what a
+    // start finds then: the events of the archive, and whether the journal was set aside.
+    QTest::addColumn<QString>("fatto");
+    QTest::addColumn<int>("eventi");
+    QTest::addColumn<bool>("messoDaParte");
+    QTest::newRow("of the last action") << "" << 1 << false;
+    QTest::newRow("header hurt") << "testata" << 1 << true;
+    QTest::newRow("an action later") << "altra" << 3 << true;
+    QTest::newRow("of another program's file") << "identificativo" << 2 << true;
+    QTest::newRow("without page 1") << "senza" << 2 << true;
+    QTest::newRow("nonsense") << "rumore" << 2 << true;
+    QTest::newRow("empty") << "vuoto" << 2 << false;
+    QTest::newRow("archive missing") << "manca" << 0 << true;
+}
+
+void tst_Archivio::giornale() {
+    QFETCH(const QString, fatto);
+    ProgrammaDiProva programma;
+    nuovaManifestazione();
+    const auto pagina = static_cast<qsizetype>(leggiValore("PRAGMA page_size")->toInt());
+    const QByteArray prima = contenuto(percorsoArchivio());
+    nuovaManifestazione();
+    if (fatto == "altra")
+        nuovaManifestazione();
+    ChiudiDataBase();
+    QByteArray giornale = scriviGiornale(prima, pagina);
+    QByteArray dopo = contenuto(percorsoArchivio());
+    if (fatto == "testata")
+        dopo.replace(0, 100, QByteArray(100, '\0'));
+    if (fatto == "identificativo")
+        giornale[512 + 4 + 68] = 'x';
+    if (fatto == "senza")
+        giornale[512 + 3] = 2;
+    if (fatto == "rumore")
+        giornale = QByteArray(9000, 'g');
+    if (fatto == "vuoto")
+        giornale.clear();
+    scrivi(percorsoArchivio(), dopo);
+    scrivi(percorsoArchivio() + "-journal", giornale);
+    if (fatto == "manca")
+        QVERIFY(QFile::remove(percorsoArchivio()));
+
+    QFETCH(const bool, messoDaParte);
+    const QString avviso = PreparaArchivio();
+    ApriDataBase();
+    VerificaArchivio();
+    QTEST(contaRighe("Manifestazioni"), "eventi");
+    QCOMPARE(!avviso.isEmpty(), messoDaParte);
+    const QStringList messi = QDir(PercorsoApp).entryList({"mdvlm.mdb-journal-*"});
+    QCOMPARE(messi.size(), messoDaParte ? 1 : 0);
+    if (messoDaParte)
+        QCOMPARE(contenuto(percorsoNelProgramma(messi.first())), giornale);
 }
 
 QTEST_GUILESS_MAIN(tst_Archivio)

@@ -36,7 +36,7 @@ void tst_ApriReport::anteprima() {
         if (!finestra)
             return;
         QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
-        QVERIFY(Conn().isOpen() && ConnShape().isOpen());
+        QVERIFY(Conn().aperta() && ConnShape().aperta());
         titolo = finestra->windowTitle();
         pagine = finestra->findChild<QPrintPreviewWidget*>()->pageCount();
         QTest::keyClick(finestra, Qt::Key_Escape);

@@ -345,10 +345,10 @@ void tst_frmMain::uscita() {
         ChiudiDataBase();  // as when it could not be opened again
         programma.dialoghi.attendiMessaggio("Impossibile Accedere All'Immissione Tempi", QString());
         scegli(principale, "mnuImmManuale");
-        QVERIFY(Conn().isOpen());
+        QVERIFY(Conn().aperta());
         scegli(principale, "mnuEsci");
         QVERIFY(!principale.isVisible());
-        QVERIFY(!Conn().isOpen());
+        QVERIFY(!Conn().aperta());
         QCOMPARE(difettoArchivio(percorsoCopiaDelGiorno()), QString());
     }
     // An archive lost beside its copies is not made anew over them.
