@@ -10,11 +10,16 @@ limits=(-max_total_time="${1:-10}")
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 mkdir -p build/fuzz/findings
-for target in online scarico520 scarico540 identita; do
+for target in online scarico520 scarico540 identita http; do
   corpus=build/fuzz/corpus/$target
   log=build/fuzz/$target.log
   mkdir -p "$corpus"
-  cp tests/devices/flussi/"$target"*.flusso "$corpus"
+  if [ "$target" = http ]; then
+    printf '\3HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n1;x\r\n2\r\n0\r\nX: y\r\n\r\n' >"$corpus/pezzi"
+    printf '\51HTTP/1.1 103 E\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n1\n2\n3' >"$corpus/intera"
+  else
+    cp tests/devices/flussi/"$target"*.flusso "$corpus"
+  fi
   if ! build/fuzz/fuzz/fuzz_$target "${limits[@]}" -max_len=4096 -timeout=10 -dict=fuzz/tag.dict \
     -artifact_prefix=build/fuzz/findings/"$target"- -print_final_stats=1 -verbosity=0 "$corpus" >"$log" 2>&1; then
     cat "$log"

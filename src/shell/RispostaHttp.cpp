@@ -1,5 +1,7 @@
 #include "shell/RispostaHttp.h"
 
+#include <QList>
+
 namespace {
 
 constexpr qsizetype MassimaRiga = 8192;
