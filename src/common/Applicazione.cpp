@@ -3,8 +3,13 @@
 #include "archive/ErroreArchivio.h"
 #include "common/DialoghiQt.h"
 
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTranslator>
 
 using namespace Qt::StringLiterals;
@@ -15,12 +20,54 @@ void mostraErrore(const QString& testo) {
     Dialoghi::corrente().messaggio(u"Velmora"_s, testo, Icona::Stop);
 }
 
+// Typed texts, those of workbooks and of other archives are never markup: not in a label, nor in a tool tip,
+// which is a label of the toolkit's own. Before the first measure, so that nothing a text names is ever
+// fetched.
+void mostraComeTesto(QObject* oggetto) {
+    if (auto* etichetta = qobject_cast<QLabel*>(oggetto))
+        etichetta->setTextFormat(Qt::PlainText);
+}
+
+// Alt and a letter with no button for it (or a disabled one) must not be typed into the field. AltGr is
+// another key, or Ctrl and Alt together; menus read their own letters.
+bool letteraConAlt(const QObject* ricevente, const QKeyEvent& tasto) {
+    return (tasto.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier &&
+           !tasto.text().isEmpty() && tasto.text().at(0).isPrint() &&
+           !qobject_cast<const QMenu*>(ricevente) && !qobject_cast<const QMenuBar*>(ricevente);
+}
+
+// The toolkit waits a tenth of a second to show the button pressed; what is typed meanwhile would still go to
+// what was on show before.
+bool premiSubito(QObject* ricevente, const QShortcutEvent& tasto) {
+    auto* pulsante = qobject_cast<QAbstractButton*>(ricevente);
+    if (!pulsante || tasto.isAmbiguous())
+        return false;
+    if (pulsante->isCheckable() && pulsante->focusPolicy() & Qt::ClickFocus)
+        pulsante->setFocus();
+    pulsante->click();
+    return true;
+}
+
+// True when the event has had its answer.
+bool preso(QObject* ricevente, QEvent* evento) {
+    switch (evento->type()) {
+        case QEvent::Polish:
+            mostraComeTesto(ricevente);
+            return false;
+        case QEvent::KeyPress:
+            return ricevente->isWidgetType() && letteraConAlt(ricevente, static_cast<QKeyEvent&>(*evento));
+        case QEvent::Shortcut:
+            return premiSubito(ricevente, static_cast<QShortcutEvent&>(*evento));
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 Applicazione::Applicazione(int& argc, char** argv)
     : QApplication(argc, argv), m_dialoghi(std::make_unique<DialoghiQt>()) {
     setApplicationName(u"VLM"_s);
-    setApplicationDisplayName(u"Velmora"_s);
     setApplicationVersion(QLatin1String(VELMORA_VERSIONE));
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     auto* testi = new QTranslator(this);
@@ -35,7 +82,7 @@ Applicazione::~Applicazione() {
 
 bool Applicazione::notify(QObject* ricevente, QEvent* evento) {
     try {
-        return QApplication::notify(ricevente, evento);
+        return preso(ricevente, evento) || QApplication::notify(ricevente, evento);
     } catch (const Errore& errore) {
         mostraErrore(errore.testo());
     } catch (const std::exception& errore) {
