@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr char Limite[] = "lunghezzaMassima";
-
 const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
 const QColor SfondoSelezione(0x00, 0x00, 0x80);  // stands out on the field's blue too
 
@@ -57,6 +55,8 @@ private:
     const QLineEdit* m_campo;
     Filtro m_filtro;
 };
+
+constexpr char Limite[] = "lunghezzaMassima";  // property of a box
 
 class Completamento final : public QObject {
 public:
