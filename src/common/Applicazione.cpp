@@ -3,6 +3,7 @@
 #include "archive/ErroreArchivio.h"
 #include "common/DialoghiQt.h"
 
+#include <algorithm>
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,6 +16,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int Tentativi = 10;
+constexpr std::chrono::milliseconds PausaFraTentativi{100};
 
 void mostraErrore(const QString& testo) {
     Dialoghi::corrente().messaggio(u"Velmora"_s, testo, Icona::Stop);
@@ -74,14 +78,48 @@ Applicazione::Applicazione(int& argc, char** argv)
     if (testi->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(testi);
     Dialoghi::installa(m_dialoghi.get());
+    m_restituzione.setSingleShot(true);
+    connect(&m_restituzione, &QTimer::timeout, this, &Applicazione::restituisciTastiera);
 }
 
 Applicazione::~Applicazione() {
     Dialoghi::installa(nullptr);
 }
 
+// A window that closes hands the keyboard to the one behind it. The window manager does that for one window; where
+// the one behind closes too before its turn has come (a notice, and the window that it was about), some managers
+// leave the keyboard with a window that is gone.
+void Applicazione::nascosta(const QWidget* finestra) {
+    const bool popup = finestra->windowType() == Qt::Popup || finestra->windowType() == Qt::ToolTip;
+    // Not when the operator is in another program.
+    if (!finestra->isWindow() || popup || applicationState() != Qt::ApplicationActive)
+        return;
+    m_tentativi = Tentativi;
+    m_restituzione.start(0);
+}
+
+void Applicazione::restituisciTastiera() {
+    const QWidgetList finestre = topLevelWidgets();
+    QWidget* sotto = activeModalWidget();
+    if (!sotto) {
+        const auto aperta = std::ranges::find_if(finestre, [](const QWidget* f) {
+            return f->isVisible() && (f->windowType() == Qt::Window || f->windowType() == Qt::Dialog);
+        });
+        sotto = aperta == finestre.end() ? nullptr : *aperta;
+    }
+    if (!sotto || sotto->isActiveWindow() || activePopupWidget()) {
+        m_tentativi = 0;
+        return;
+    }
+    sotto->activateWindow();
+    if (--m_tentativi > 0)
+        m_restituzione.start(PausaFraTentativi);
+}
+
 bool Applicazione::notify(QObject* ricevente, QEvent* evento) {
     try {
+        if (evento->type() == QEvent::Hide && ricevente->isWidgetType())
+            nascosta(static_cast<QWidget*>(ricevente));
         return preso(ricevente, evento) || QApplication::notify(ricevente, evento);
     } catch (const Errore& errore) {
         mostraErrore(errore.testo());
