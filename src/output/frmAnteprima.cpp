@@ -66,15 +66,17 @@ frmAnteprima::frmAnteprima(const Rapporto& rapporto, QPrinter* stampante, QWidge
 void frmAnteprima::preparaBarra() {
     auto* barra = findChild<QToolBar*>();
     barra->addSeparator();
-    const auto conTasto = [&](const char* nome, QKeySequence::StandardKey tasto, const QString& spiegazione) {
-        if (QAction* azione = voceDellaBarra(barra, nome)) {
+    const auto conTasto = [&](const char* voce, const QString& nome, QKeySequence::StandardKey tasto,
+                              const QString& spiegazione) {
+        if (QAction* azione = voceDellaBarra(barra, voce)) {
+            azione->setObjectName(nome);
             azione->setShortcut(tasto);
             azione->setToolTip(spiegazione);
         }
     };
-    conTasto("Print", QKeySequence::Print, u"Stampa il rapporto (Ctrl+P)"_s);
-    conTasto("Zoom in", QKeySequence::ZoomIn, u"Ingrandisce (Ctrl e +)"_s);
-    conTasto("Zoom out", QKeySequence::ZoomOut, u"Rimpicciolisce (Ctrl e -)"_s);
+    conTasto("Print", u"cmdStampa"_s, QKeySequence::Print, u"Stampa il rapporto (Ctrl+P)"_s);
+    conTasto("Zoom in", u"cmdIngrandisci"_s, QKeySequence::ZoomIn, u"Ingrandisce (Ctrl e +)"_s);
+    conTasto("Zoom out", u"cmdRimpicciolisci"_s, QKeySequence::ZoomOut, u"Rimpicciolisce (Ctrl e -)"_s);
     auto* salva = new QAction(style()->standardIcon(QStyle::SP_DialogSaveButton), u"Salva PDF"_s, this);
     salva->setObjectName(u"cmdSalvaPDF"_s);
     salva->setShortcut(QKeySequence::Save);
