@@ -1,7 +1,9 @@
 #include "common/Applicazione.h"
 
 #include "archive/ErroreArchivio.h"
+#include "common/Aspetto.h"
 #include "common/DialoghiQt.h"
+#include "common/Schermo.h"
 
 #include <algorithm>
 #include <QAbstractButton>
@@ -52,11 +54,21 @@ bool premiSubito(QObject* ricevente, const QShortcutEvent& tasto) {
     return true;
 }
 
+bool aperta(const QWidget* finestra) {
+    return finestra->isVisible() &&
+           (finestra->windowType() == Qt::Window || finestra->windowType() == Qt::Dialog);
+}
+
 // True when the event has had its answer.
 bool preso(QObject* ricevente, QEvent* evento) {
     switch (evento->type()) {
         case QEvent::Polish:
             mostraComeTesto(ricevente);
+            return false;
+        case QEvent::Show:
+        case QEvent::LayoutRequest:
+            if (auto* finestra = qobject_cast<QWidget*>(ricevente); finestra && aperta(finestra))
+                adattaAlloSchermo(finestra);
             return false;
         case QEvent::KeyPress:
             return ricevente->isWidgetType() && letteraConAlt(ricevente, static_cast<QKeyEvent&>(*evento));
@@ -74,6 +86,8 @@ Applicazione::Applicazione(int& argc, char** argv)
     setApplicationName(u"VLM"_s);
     setApplicationVersion(QLatin1String(VELMORA_VERSIONE));
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    setStyle(u"Fusion"_s);
+    setPalette(coloriDelProgramma());
     auto* testi = new QTranslator(this);
     if (testi->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(testi);
@@ -86,9 +100,9 @@ Applicazione::~Applicazione() {
     Dialoghi::installa(nullptr);
 }
 
-// A window that closes hands the keyboard to the one behind it. The window manager does that for one window; where
-// the one behind closes too before its turn has come (a notice, and the window that it was about), some managers
-// leave the keyboard with a window that is gone.
+// A window that closes hands the keyboard to the one behind it. The window manager does that for one window;
+// where the one behind closes too before its turn has come (a notice, and the window that it was about), some
+// managers leave the keyboard with a window that is gone.
 void Applicazione::nascosta(const QWidget* finestra) {
     const bool popup = finestra->windowType() == Qt::Popup || finestra->windowType() == Qt::ToolTip;
     // Not when the operator is in another program.
@@ -102,10 +116,8 @@ void Applicazione::restituisciTastiera() {
     const QWidgetList finestre = topLevelWidgets();
     QWidget* sotto = activeModalWidget();
     if (!sotto) {
-        const auto aperta = std::ranges::find_if(finestre, [](const QWidget* f) {
-            return f->isVisible() && (f->windowType() == Qt::Window || f->windowType() == Qt::Dialog);
-        });
-        sotto = aperta == finestre.end() ? nullptr : *aperta;
+        const auto trovata = std::ranges::find_if(finestre, aperta);
+        sotto = trovata == finestre.end() ? nullptr : *trovata;
     }
     if (!sotto || sotto->isActiveWindow() || activePopupWidget()) {
         m_tentativi = 0;

@@ -48,7 +48,8 @@
 namespace {
 
 int prima(const char* tabella, const char* chiave) {
-    return leggiValore(QStringLiteral("SELECT min(%2) FROM %1 WHERE IDMan_FK=?").arg(tabella, chiave), {IDMan})
+    return leggiValore(QStringLiteral("SELECT min(%2) FROM %1 WHERE IDMan_FK=?").arg(tabella, chiave),
+                       {IDMan})
         ->toInt();
 }
 
@@ -94,12 +95,6 @@ std::unique_ptr<QWidget> ricezione() {
     parametri.penalita = [](int scarto) { return std::optional<double>(scarto); };
     return std::make_unique<frmRXONLINE>(parametri, "N. 1 - ROSSI-BIANCHI - LANCIA APRILIA", 1, 0);
 }
-
-// With its printer, which must outlive it.
-class AnteprimaConStampante final : public QWidget {
-public:
-    QPrinter stampante{QPrinter::HighResolution};
-};
 
 std::unique_ptr<QWidget> anteprima() {
     static std::unique_ptr<QPrinter> stampante;
@@ -186,7 +181,10 @@ void scarica() {
                                          .pochiTempi = true};
         ricevuti.scartati << TempoScartato{num, "10:00:01:00"} << TempoScartato{0, "10:00:02:00"};
     }
-    ricevuti.errori << ErroreScarico{.num = 999, .nonIscritto = true};
+    ErroreScarico nonIscritto;
+    nonIscritto.num = 999;
+    nonIscritto.nonIscritto = true;
+    ricevuti.errori << nonIscritto;
     scriviRicerca(ricevuti);
 }
 
@@ -211,22 +209,3 @@ ProgrammaPieno::ProgrammaPieno() {
 }
 
 ProgrammaPieno::~ProgrammaPieno() = default;
-
-QByteArray contenutoArchivio() {
-    QStringList nomi;
-    Statement tabella("SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY name");
-    tabella.esegui();
-    while (tabella.prossima())
-        nomi << tabella.testo(0);
-    QByteArray tutto;
-    for (const QString& nome : nomi) {
-        Statement riga("SELECT * FROM " + nome + " ORDER BY rowid");
-        riga.esegui();
-        while (riga.prossima()) {
-            tutto += '\n' + nome.toUtf8();
-            for (int i = 0; i < riga.colonne(); ++i)
-                tutto += '\t' + (riga.nullo(i) ? QByteArray("NULL") : riga.testo(i).toUtf8());
-        }
-    }
-    return tutto;
-}

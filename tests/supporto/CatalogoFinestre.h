@@ -8,8 +8,8 @@
 
 class QWidget;
 
-// Every window of the program, made as the program makes it, for the tests that go through all of them. A window
-// that is not here fails tst_Catalogo.
+// Every window of the program, made as the program makes it, for the tests that go through all of them. A
+// window that is not here fails tst_Catalogo.
 struct FinestraInCatalogo {
     const char* nome;
     std::function<std::unique_ptr<QWidget>()> crea;  // on the archive of a ProgrammaPieno
@@ -29,9 +29,3 @@ public:
 private:
     ProgrammaDiProva m_programma{ProgrammaDiProva::Archivio::Nessuno};
 };
-
-// All that the archive holds, to be compared.
-QByteArray contenutoArchivio();
-
-// The controls that take the keyboard now, in the order of Tab.
-QList<QWidget*> giroDiTab(const QWidget& finestra);
