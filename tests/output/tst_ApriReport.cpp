@@ -8,10 +8,8 @@
 
 #include <QAction>
 #include <QFileInfo>
-#include <QGraphicsView>
 #include <QPrinter>
 #include <QPrintPreviewWidget>
-#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -35,28 +33,12 @@ void tst_ApriReport::anteprima() {
     QString titolo;
     QTimer::singleShot(0, qApp, [&] {
         auto* finestra = qobject_cast<frmAnteprima*>(QApplication::activeModalWidget());
-        if (!finestra || !QTest::qWaitForWindowActive(finestra))
+        if (!finestra)
             return;
         QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
         QVERIFY(Conn().isOpen() && ConnShape().isOpen());
         titolo = finestra->windowTitle();
-        const auto* vista = finestra->findChild<QPrintPreviewWidget*>();
-        pagine = vista->pageCount();
-        // At once, wherever the focus is.
-        for (const auto& [tasto, pagina] :
-             {std::pair{Qt::Key_End, 3}, {Qt::Key_Home, 1}, {Qt::Key_Right, 2}, {Qt::Key_Left, 1}}) {
-            QTest::keyClick(QApplication::focusWidget(), tasto);
-            QCOMPARE(vista->currentPage(), pagina);
-        }
-        const auto* barra = vista->findChild<QGraphicsView*>()->verticalScrollBar();
-        for (const auto& [avanti, indietro] :
-             {std::pair{Qt::Key_PageDown, Qt::Key_PageUp}, {Qt::Key_Down, Qt::Key_Up}}) {
-            const int prima = barra->value();
-            QTest::keyClick(QApplication::focusWidget(), avanti);
-            QVERIFY(barra->value() > prima);
-            QTest::keyClick(QApplication::focusWidget(), indietro);
-            QCOMPARE(barra->value(), prima);
-        }
+        pagine = finestra->findChild<QPrintPreviewWidget*>()->pageCount();
         QTest::keyClick(finestra, Qt::Key_Escape);
     });
     QApplication::setOverrideCursor(Qt::WaitCursor);

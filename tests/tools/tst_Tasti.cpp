@@ -1,3 +1,4 @@
+#include "common/frmAiuto.h"
 #include "supporto/AnteprimaDiProva.h"
 #include "supporto/CatalogoFinestre.h"
 #include "supporto/ProvaFinestre.h"
@@ -7,6 +8,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QDirIterator>
+#include <QGraphicsView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -26,6 +28,9 @@ private Q_SLOTS:
     void ogniFinestra();
     void tasti_data();
     void tasti();
+
+private:
+    static void provaRiga(const QString& finestra, const QString& tasto, int posto, const QString& prova);
 };
 
 namespace {
@@ -51,8 +56,11 @@ QKeyCombination combinazione(QString nome) {
         {"Maiusc", "Shift"}, {"PagGiù", "PgDown"}, {"PagSu", "PgUp"},   {"Inizio", "Home"}, {"Fine", "End"},
         {"Canc", "Del"},     {"Invio", "Return"},  {"Spazio", "Space"}, {"Su", "Up"},       {"Giù", "Down"},
         {"Destra", "Right"}, {"Sinistra", "Left"}, {"cifre", "7"}};
-    for (QString& parte : nome.split('+'))
+    const QStringList parti = nome.split('+', Qt::SkipEmptyParts);
+    for (const QString& parte : parti)
         nome.replace(parte, nomi.value(parte, parte));
+    if (nome == "Shift+Tab")
+        return Qt::SHIFT | Qt::Key_Backtab;  // as a keyboard sends it
     return QKeySequence(nome, QKeySequence::PortableText)[0];
 }
 
@@ -62,6 +70,7 @@ public:
         const auto catalogo = catalogoFinestre();
         const auto voce = std::ranges::find_if(catalogo, [&](const auto& v) { return nome == v.nome; });
         finestra = voce->crea();
+        impostaFileAiuto(FILE_AIUTO);
         finestra->show();
         attiva = QTest::qWaitForWindowActive(finestra.get());
         QObject::connect(&m_occhio, &QTimer::timeout, finestra.get(), [this] { guarda(); });
@@ -72,7 +81,7 @@ public:
     [[nodiscard]] Cosa* trova(const QString& nome) const {
         auto* trovata = finestra->findChild<Cosa*>(nome);
         if (!trovata)
-            qFatal("no %s", qPrintable(nome));
+            throw std::runtime_error("no " + nome.toStdString());
         return trovata;
     }
     [[nodiscard]] const QAbstractItemView* vista(const QString& nome) const {
@@ -98,7 +107,7 @@ public:
         else if (verbo == "scrivi")
             QTest::keyClicks(QApplication::focusWidget(), resto);
         else
-            qFatal("no %s", qPrintable(verbo));
+            throw std::runtime_error("no " + verbo.toStdString());
     }
 
     // Whether the window shows what a row says, compared with `prima`, what it showed before the key.
@@ -141,9 +150,16 @@ void Banco::ascolta(const QString& verbo, const QString& nome) {
 
 QString Banco::stato(const QString& verbo, const QStringList& a) const {
     if (verbo == "scorre")
-        return QString::number(trova<QAbstractScrollArea>("graphics_view")->verticalScrollBar()->value());
+        return QString::number(finestra->findChild<QGraphicsView*>()->verticalScrollBar()->value());
     if (verbo == "segnato")
         return QString::number(trova<QAbstractButton>(a.at(0))->isChecked());
+    if (verbo == "muove") {
+        const QModelIndex corrente = vista(a.at(0))->currentIndex();
+        return QStringLiteral("%1 %2 %3")
+            .arg(corrente.row())
+            .arg(corrente.column())
+            .arg(corrente.parent().row());
+    }
     if (verbo != "segno")
         return {};
     const QModelIndex riga = vista(a.at(0))->model()->index(a.at(1).toInt(), 0);
@@ -160,6 +176,7 @@ bool Banco::siVede(const QString& verbo, const QStringList& a, const QString& pr
     const auto& scatole = const_cast<ProgrammaPieno&>(programma).dialoghi().viste();
     const QString tutto = a.join(' ');
     const auto corrente = [&] { return vista(a.at(0))->currentIndex(); };
+    const auto cambiato = [&] { return stato(verbo, a) != prima; };
     const QHash<QString, std::function<bool()>> verbi{
         {"fuoco", [&] { return fuoco && fuoco->objectName() == tutto; }},
         {"chiusa", [&] { return !finestra->isVisible(); }},
@@ -174,13 +191,13 @@ bool Banco::siVede(const QString& verbo, const QStringList& a, const QString& pr
          }},
         {"testo", [&] { return trova<QLineEdit>(a.at(0))->text() == a.mid(1).join(' '); }},
         {"riga", [&] { return corrente().row() == a.at(1).toInt(); }},
-        {"colonna", [&] { return corrente().column() == a.at(1).toInt(); }},
         {"cella",
          [&] { return corrente().row() == a.at(1).toInt() && corrente().column() == a.at(2).toInt(); }},
         {"righe", [&] { return vista(a.at(0))->model()->rowCount() == a.at(1).toInt(); }},
         {"scelta", [&] { return vista(a.at(0))->selectionModel()->hasSelection(); }},
-        {"segno", [&] { return stato(verbo, a) != prima; }},
-        {"segnato", [&] { return stato(verbo, a) != prima; }},
+        {"muove", cambiato},
+        {"segno", cambiato},
+        {"segnato", cambiato},
         {"scorre", [&] { return (stato(verbo, a).toInt() - prima.toInt()) * tutto.toInt() > 0; }},
         {"pagina", [&] { return pagine->currentPage() == (tutto == "prima" ? 1 : pagine->pageCount()); }},
         {"scrive",
@@ -195,6 +212,8 @@ bool Banco::siVede(const QString& verbo, const QStringList& a, const QString& pr
          }},
         {"stampa", [&] { return !anteprima.mostrati.isEmpty(); }},
     };
+    if (!verbi.contains(verbo))
+        throw std::runtime_error("no " + verbo.toStdString());
     return verbi.value(verbo)();
 }
 
@@ -247,6 +266,14 @@ void tst_Tasti::tasti() {
         QVERIFY2(dove.hasNext(), qPrintable(prova));
         return;
     }
+    try {
+        provaRiga(finestra, tasto, posto, prova);
+    } catch (const std::exception& errore) {
+        QFAIL(errore.what());
+    }
+}
+
+void tst_Tasti::provaRiga(const QString& finestra, const QString& tasto, int posto, const QString& prova) {
     Banco banco(finestra);
     QVERIFY(banco.attiva);
     for (const QString& passo : prova.section("=>", 0, 0).split("; ", Qt::SkipEmptyParts)) {
@@ -271,6 +298,7 @@ void tst_Tasti::tasti() {
         atteso = {atteso.at(std::min<qsizetype>(posto, atteso.size() - 1))};
     banco.ascolta(verbo, atteso.join(' '));
     const QString prima = banco.stato(verbo, atteso);
+    QVERIFY2(verbo == "resta" || !banco.siVede(verbo, atteso, prima), "it is so before the key");
     banco.batti(tasto);
     QTRY_VERIFY2_WITH_TIMEOUT(banco.siVede(verbo, atteso, prima), qPrintable(prova), 2000);
 }
