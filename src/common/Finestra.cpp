@@ -1,5 +1,6 @@
 #include "common/Finestra.h"
 
+#include "common/Schermo.h"
 #include "common/Subroutine.h"
 #include "common/TastiFinestra.h"
 
@@ -85,6 +86,7 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
     auto* controllo = qobject_cast<QWidget*>(oggetto);
     switch (evento->type()) {
         case QEvent::FocusIn:
+            portaInVista(controllo);
             if (campoDaScrivere(oggetto))
                 EvidenziaCampo(controllo);
             if (auto* box = qobject_cast<QLineEdit*>(oggetto))

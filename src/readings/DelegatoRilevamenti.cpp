@@ -1,5 +1,6 @@
 #include "readings/DelegatoRilevamenti.h"
 
+#include "common/Aspetto.h"
 #include "common/Subroutine.h"
 #include "readings/EditorTempo.h"
 #include "readings/ModelloRilevamenti.h"
@@ -14,12 +15,6 @@ namespace {
 
 constexpr int LunghezzaMotivo = 255;
 constexpr QColor SfondoRiga(0xE3, 0xEA, 0xFF);
-constexpr QColor SfondoCella(0x80, 0x80, 0xFF);
-
-struct Tinta {
-    QColor sfondo;
-    QColor testo;
-};
 
 Tinta tintaScarto(StileScarto stile) {
     switch (stile) {
@@ -145,7 +140,7 @@ void DelegatoRilevamenti::initStyleOption(QStyleOptionViewItem* opzioni, const Q
     if (const QVariant stile = indice.data(ModelloRilevamenti::RuoloStile); stile.isValid()) {
         tinta = tintaScarto(static_cast<StileScarto>(stile.toInt()));
     } else if (indice == corrente) {
-        tinta = {SfondoCella, Qt::white};
+        tinta = tintaCellaCorrente(m_griglia);
     } else if (indice.row() == corrente.row()) {
         tinta.sfondo = SfondoRiga;
     } else if (!modello(indice).modificabile(indice.column())) {

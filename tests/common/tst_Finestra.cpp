@@ -213,8 +213,9 @@ void tst_Finestra::scatole() {
 
     // A typed answer reaches the line; a long text scrolls, and the box shows the whole of its title.
     QTimer::singleShot(0, [] {
-        QTest::keyClicks(QApplication::focusWidget(), "7 s");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QWidget* campo = QApplication::activeModalWidget()->focusWidget();
+        QTest::keyClicks(campo, "7 s");
+        QTest::keyClick(campo, Qt::Key_Return);
     });
     QCOMPARE(dialoghi.chiedi("Data", "Giorno", "13/06/2026"), QString("7 s"));
     const QString titolo("Un Titolo Assai Più Largo del Testo che Sta Nella Scatola");
