@@ -4,6 +4,8 @@
 #include <QString>
 
 enum class Icona { Nessuna, Informazione, Esclamazione, Stop, Domanda };
+// The answer of a question that loses and changes nothing: what Enter and Esc give.
+enum class Innocua { No, Si };
 
 // Every box that stops the operator: messages, questions, input, file choice, the two-second notice.
 class Dialoghi {
@@ -13,8 +15,11 @@ public:
     virtual ~Dialoghi() = default;
 
     virtual void messaggio(const QString& titolo, const QString& testo, Icona icona) = 0;  // OK alone
-    virtual bool domanda(const QString& titolo, const QString& testo,
-                         Icona icona) = 0;  // Yes and No; true on Yes
+    // Yes and No; true on Yes.
+    virtual bool domanda(const QString& titolo, const QString& testo, Icona icona, Innocua innocua) = 0;
+    bool domanda(const QString& titolo, const QString& testo, Icona icona) {
+        return domanda(titolo, testo, icona, Innocua::No);
+    }
     // Input box; nothing on cancel.
     virtual std::optional<QString> chiedi(const QString& titolo, const QString& testo,
                                           const QString& predefinito) = 0;

@@ -1,86 +1,66 @@
 #include "common/DialoghiQt.h"
 
 #include "common/frmMSG.h"
+#include "common/Scatola.h"
 #include "common/Subroutine.h"
 
-#include <QApplication>
 #include <QFileDialog>
-#include <QInputDialog>
-#include <QMessageBox>
+#include <QFileInfo>
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QMessageBox::Icon icona(Icona quale) {
-    switch (quale) {
-        case Icona::Informazione:
-            return QMessageBox::Information;
-        case Icona::Esclamazione:
-            return QMessageBox::Warning;
-        case Icona::Stop:
-            return QMessageBox::Critical;
-        case Icona::Domanda:
-            return QMessageBox::Question;
-        case Icona::Nessuna:
-            break;
-    }
-    return QMessageBox::NoIcon;
-}
-
-constexpr qsizetype MassimoRighe = 20;
-
-// A list of crews can be longer than the screen: the box shows its beginning, the rest is one click away.
-void scriviTesto(QMessageBox& scatola, const QString& testo) {
-    const QStringList righe = testo.trimmed().split(u'\n');
-    if (righe.size() <= MassimoRighe) {
-        scatola.setText(testo);
-        return;
-    }
-    scatola.setText(righe.first(MassimoRighe).join(u'\n') +
-                    u"\n... (altre %1 righe)"_s.arg(righe.size() - MassimoRighe));
-    scatola.setDetailedText(testo);
-}
-
-int mostra(const QString& titolo, const QString& testo, Icona quale, QMessageBox::StandardButtons pulsanti) {
-    const CursoreNormale cursore;
-    QMessageBox scatola(icona(quale), titolo, {}, pulsanti, QApplication::activeWindow());
-    scatola.setTextFormat(Qt::PlainText);  // typed texts may hold "<"
-    scriviTesto(scatola, testo);
-    return scatola.exec();
-}
+enum Risposta { Negativa, Positiva };
 
 }  // namespace
 
-void DialoghiQt::messaggio(const QString& titolo, const QString& testo, Icona quale) {
-    mostra(titolo, testo, quale, QMessageBox::Ok);
+void DialoghiQt::messaggio(const QString& titolo, const QString& testo, Icona icona) {
+    const CursoreNormale cursore;
+    Scatola scatola(titolo, testo, icona);
+    scatola.aggiungi(u"&OK"_s, Negativa);
+    scatola.chiedi();
 }
 
-bool DialoghiQt::domanda(const QString& titolo, const QString& testo, Icona quale) {
-    return mostra(titolo, testo, quale, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+bool DialoghiQt::domanda(const QString& titolo, const QString& testo, Icona icona, Innocua innocua) {
+    const CursoreNormale cursore;
+    Scatola scatola(titolo, testo, icona);
+    scatola.aggiungi(u"&Sì"_s, Positiva);
+    scatola.aggiungi(u"&No"_s, Negativa);
+    scatola.imposta(innocua == Innocua::Si ? Positiva : Negativa);
+    return scatola.chiedi() == Positiva;
 }
 
 std::optional<QString> DialoghiQt::chiedi(const QString& titolo, const QString& testo,
                                           const QString& predefinito) {
     const CursoreNormale cursore;
-    bool confermato = false;
-    const QString risposta = QInputDialog::getText(QApplication::activeWindow(), titolo, testo,
-                                                   QLineEdit::Normal, predefinito, &confermato);
-    if (!confermato)
+    Scatola scatola(titolo, testo, Icona::Nessuna);
+    const QLineEdit* campo = scatola.aggiungiCampo(predefinito, Positiva);
+    scatola.aggiungi(u"&OK"_s, Positiva);
+    scatola.aggiungi(u"&Annulla"_s, Negativa);
+    if (scatola.chiedi() != Positiva)
         return std::nullopt;
-    return risposta;
+    return campo->text();
 }
 
 QString DialoghiQt::apriFile(const QString& titolo, const QString& cartella, const QString& filtro) {
     const CursoreNormale cursore;
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), titolo, cartella, filtro);
+    return QFileDialog::getOpenFileName(finestraAttiva(), titolo, cartella, filtro);
 }
 
 QString DialoghiQt::salvaFile(const QString& titolo, const QString& proposto, const QString& filtro) {
-    const CursoreNormale cursore;
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), titolo, proposto, filtro);
+    QString percorso = proposto;
+    do {
+        const CursoreNormale cursore;
+        percorso = QFileDialog::getSaveFileName(finestraAttiva(), titolo, percorso, filtro, nullptr,
+                                                QFileDialog::DontConfirmOverwrite);
+    } while (
+        QFileInfo::exists(percorso) &&
+        !Dialoghi::domanda(titolo, u"Il file %1 esiste già.\nSostituirlo ?"_s.arg(percorso), Icona::Domanda));
+    return percorso;
 }
 
 void DialoghiQt::avviso(const QString& testo) {
-    frmMSG(testo, QApplication::activeWindow()).exec();
+    frmMSG(testo, finestraAttiva()).exec();
 }

@@ -6,7 +6,7 @@
 class DialoghiQt final : public Dialoghi {
 public:
     void messaggio(const QString& titolo, const QString& testo, Icona icona) override;
-    bool domanda(const QString& titolo, const QString& testo, Icona icona) override;
+    bool domanda(const QString& titolo, const QString& testo, Icona icona, Innocua innocua) override;
     std::optional<QString> chiedi(const QString& titolo, const QString& testo,
                                   const QString& predefinito) override;
     QString apriFile(const QString& titolo, const QString& cartella, const QString& filtro) override;

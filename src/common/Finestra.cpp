@@ -1,45 +1,21 @@
 #include "common/Finestra.h"
 
 #include "common/Subroutine.h"
+#include "common/TastiFinestra.h"
 
 #include <algorithm>
-#include <QAbstractButton>
-#include <QAbstractSpinBox>
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QTimer>
 
 namespace {
 
 constexpr char Tabella[] = "completaDaTabella";
 constexpr char ColonnaDati[] = "completaDaColonna";
-
-bool campo(const QObject* oggetto) {
-    return qobject_cast<const QLineEdit*>(oggetto) || qobject_cast<const QComboBox*>(oggetto) ||
-           qobject_cast<const QAbstractSpinBox*>(oggetto);
-}
-
-bool spunta(const QObject* oggetto) {
-    return qobject_cast<const QCheckBox*>(oggetto) || qobject_cast<const QRadioButton*>(oggetto);
-}
-
-bool invio(const QKeyEvent& tasto) {
-    return tasto.key() == Qt::Key_Return || tasto.key() == Qt::Key_Enter;
-}
-
-bool invioComeTab(QObject* oggetto, const QKeyEvent& tasto) {
-    if (!invio(tasto))
-        return false;
-    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-    QApplication::sendEvent(oggetto, &tab);
-    return true;
-}
 
 // A click in the middle of a blank mask would leave its first places out.
 void vaiAlPrimoPosto(QLineEdit* box) {
@@ -54,7 +30,7 @@ void vaiAlPrimoPosto(QLineEdit* box) {
 
 }  // namespace
 
-Finestra::Finestra(QWidget* padre) : QDialog(padre) {
+Finestra::Finestra(QWidget* padre) : QDialog(padre), m_tasti(new TastiFinestra(this)) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMaximizeButtonHint, true);
 }
@@ -67,13 +43,32 @@ void Finestra::reject() {
 void Finestra::preparaCampi() {
     const QList<QWidget*> controlli = findChildren<QWidget*>();
     for (QWidget* controllo : controlli) {
-        if (campo(controllo) || spunta(controllo))
+        if (campoDaScrivere(controllo))
             controllo->installEventFilter(this);
         if (auto* pulsante = qobject_cast<QPushButton*>(controllo))
             pulsante->setAutoDefault(false);
         if (auto* combo = qobject_cast<QComboBox*>(controllo))
             combo->setFocusPolicy(Qt::StrongFocus);
     }
+    m_tasti->sorveglia();
+}
+
+void Finestra::invioComeTab() {
+    m_tasti->invioComeTab();
+}
+
+bool Finestra::event(QEvent* evento) {
+    const bool preso = QDialog::event(evento);
+    if (evento->type() == QEvent::WindowActivate) {
+        try {
+            attivata();
+            m_letturaFallita = false;
+        } catch (...) {
+            if (!std::exchange(m_letturaFallita, true))
+                throw;
+        }
+    }
+    return preso;
 }
 
 void Finestra::showEvent(QShowEvent* evento) {
@@ -95,18 +90,14 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
     auto* controllo = qobject_cast<QWidget*>(oggetto);
     switch (evento->type()) {
         case QEvent::FocusIn:
-            if (campo(oggetto))
+            if (campoDaScrivere(oggetto))
                 EvidenziaCampo(controllo);
             if (auto* box = qobject_cast<QLineEdit*>(oggetto))
                 vaiAlPrimoPosto(box);
             break;
         case QEvent::FocusOut:
-            if (campo(oggetto))
+            if (campoDaScrivere(oggetto))
                 RipristinaCampo(controllo);
-            break;
-        case QEvent::KeyPress:
-            if (invioComeTab(oggetto, static_cast<QKeyEvent&>(*evento)))
-                return true;
             break;
         case QEvent::Wheel:
             // Turned to look further down, it must not change a choice on the way.
@@ -129,12 +120,12 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 void Finestra::keyPressEvent(QKeyEvent* evento) {
-    auto* pulsante = qobject_cast<QPushButton*>(focusWidget());
     if (evento->key() == Qt::Key_F1) {
         mostraAiuto(this);
-    } else if (invio(*evento) && pulsante) {
-        pulsante->click();
-    } else {
+    } else if (tastoInvio(*evento)) {
+        m_tasti->nonPreso();
+    } else if (evento->key() != Qt::Key_Escape || !evento->isAutoRepeat()) {
+        // A held Esc closes one window, not those behind it.
         QDialog::keyPressEvent(evento);
     }
 }

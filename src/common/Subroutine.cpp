@@ -69,6 +69,20 @@ void CentraFinestra(QWidget* finestra) {
     finestra->move(schermo->geometry().center() - QRect(QPoint(), finestra->size()).center());
 }
 
+QWidget* finestraAttiva() {
+    // None is active while the platform has not yet given the focus back.
+    QWidget* attiva = QApplication::activeWindow();
+    return attiva ? attiva : QApplication::activeModalWidget();
+}
+
+int larghezzaTitolo(const QString& titolo) {
+    constexpr int Pulsanti = 5;  // the bar's own picture and its buttons, in heights of the text
+    QFont carattere = QApplication::font("QMdiSubWindowTitleBar");
+    carattere.setBold(true);
+    const QFontMetrics misure(carattere);
+    return misure.horizontalAdvance(titolo) + Pulsanti * misure.height() * 3 / 2;
+}
+
 bool FinestraCaricata(const QString& nome) {
     const QWidgetList finestre = QApplication::topLevelWidgets();
     return std::ranges::any_of(finestre, [&](const QWidget* f) { return f->objectName() == nome; });

@@ -13,6 +13,10 @@ void EvidenziaCampo(QWidget* campo);
 void RipristinaCampo(QWidget* campo);
 
 void CentraFinestra(QWidget* finestra);
+// The window that a box or a notice stands over; nothing before the first one.
+QWidget* finestraAttiva();
+// What a title bar needs to show the whole of its text, in pixels.
+int larghezzaTitolo(const QString& titolo);
 // Whether a window of that class name exists, shown or hidden; case counts. Nothing is loaded by asking.
 bool FinestraCaricata(const QString& nome);
 

@@ -67,6 +67,6 @@ void frmRicezioneOFFLINE::elaboraConRicercaErrori(const QByteArray& flusso) {
             u"ATTENZIONE : PROBABILI ERRORI NEI RILEVAMENTI"_s,
             u"Ci Sono %1 Equipaggi con Probabili Errori Nei Tempi Rilevati.\n"
             "Si Desidera Accedere alla Finestra di Visualizzazione e Correzione degli Errori ?"_s.arg(errori),
-            Icona::Domanda))
+            Icona::Domanda, Innocua::Si))  // refused, the list is not reached again
         frmErroriTempiOffLine(this).exec();
 }

@@ -94,7 +94,9 @@ bool restaNelCampo(Qt::FocusReason motivo) {
 
 }  // namespace
 
-ModuloEquipaggi::ModuloEquipaggi(QWidget* padre) : Finestra(padre) {}
+ModuloEquipaggi::ModuloEquipaggi(QWidget* padre) : Finestra(padre) {
+    invioComeTab();
+}
 
 void ModuloEquipaggi::apri() {
     trovaControlli();
@@ -382,15 +384,6 @@ bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
     if (!controllaCampo(campo))
         campo->setFocus(Qt::OtherFocusReason);
     return true;
-}
-
-void ModuloEquipaggi::keyPressEvent(QKeyEvent* evento) {
-    // On a button and in the list too.
-    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
-        focusNextPrevChild(true);
-    } else {
-        Finestra::keyPressEvent(evento);
-    }
 }
 
 bool ModuloEquipaggi::puoChiudere() {

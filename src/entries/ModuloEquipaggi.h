@@ -26,7 +26,6 @@ protected:
     void apri();
 
     bool puoChiudere() override;
-    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void trovaControlli();

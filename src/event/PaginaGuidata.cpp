@@ -6,6 +6,7 @@ using namespace Qt::StringLiterals;
 
 PaginaGuidata::PaginaGuidata(QWidget* padre) : Finestra(padre) {
     setWindowModality(Qt::ApplicationModal);
+    invioComeTab();
 }
 
 bool PaginaGuidata::puoChiudere() {

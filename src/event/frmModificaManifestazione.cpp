@@ -32,12 +32,6 @@ frmModificaManifestazione::frmModificaManifestazione(QWidget* padre)
 
 frmModificaManifestazione::~frmModificaManifestazione() = default;
 
-bool frmModificaManifestazione::event(QEvent* evento) {
-    if (evento->type() == QEvent::WindowActivate)
-        aggiornaElenchi();
-    return Finestra::event(evento);
-}
-
 template <typename Figlia>
 void frmModificaManifestazione::apri(int chiave) {
     Figlia figlia(this);

@@ -24,7 +24,7 @@ Q_SIGNALS:
     void manifestazioneModificata(const QString& nom);
 
 protected:
-    bool event(QEvent* evento) override;
+    void attivata() override { aggiornaElenchi(); }
 
 private:
     void aggiornaElenchi();

@@ -6,7 +6,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 
-FinestraRilevamenti::FinestraRilevamenti(QWidget* padre) : Finestra(padre) {}
+FinestraRilevamenti::FinestraRilevamenti(QWidget* padre) : Finestra(padre) {
+    invioComeTab();
+}
 
 void FinestraRilevamenti::collega(ElencoEquipaggi* elenco, GrigliaRilevamenti* griglia, QLabel* etichetta) {
     m_elenco = elenco;

@@ -1,3 +1,4 @@
+#include "common/DialoghiQt.h"
 #include "common/Finestra.h"
 #include "common/frmAiuto.h"
 #include "common/frmMSG.h"
@@ -8,9 +9,12 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace {
@@ -25,6 +29,12 @@ public:
             disposizione->addWidget(controllo);
         completaDa(&primo, "Equipaggi", "Mar");
     }
+    using Finestra::invioComeTab;
+    void attivata() override {
+        ++letture;
+        if (guasta)
+            esegui("DELETE FROM Assente");
+    }
     bool puoChiudere() override {
         if (guasta)
             esegui("DELETE FROM Assente");
@@ -37,7 +47,21 @@ public:
     QPushButton pulsante;
     bool chiudibile = true;
     bool guasta = false;
+    int letture = 0;
 };
+
+struct Colpo {
+    int tasto;
+    Qt::KeyboardModifiers con = Qt::NoModifier;
+    bool tenuto = false;
+};
+
+void premi(QWidget* dove, const Colpo& colpo) {
+    if (!colpo.tenuto)
+        return QTest::keyClick(dove, static_cast<Qt::Key>(colpo.tasto), colpo.con);
+    QKeyEvent ripetuto(QEvent::KeyPress, colpo.tasto, colpo.con, "\r", true);
+    QApplication::sendEvent(dove, &ripetuto);
+}
 
 }  // namespace
 
@@ -50,6 +74,9 @@ private Q_SLOTS:
     void filtriSuIncolla();
     void chiusuraConErrori();
     void avvisoSiChiudeDaSolo();
+    void scatole();
+    void lettereConAlt();
+    void testoSemplice();
 };
 
 void tst_Finestra::invioVaAvantiEColora() {
@@ -67,8 +94,14 @@ void tst_Finestra::invioVaAvantiEColora() {
     QCOMPARE(finestra.primo.palette().color(QPalette::Base), QColor(Qt::white));
     bool premuto = false;
     connect(&finestra.pulsante, &QPushButton::clicked, &finestra, [&] { premuto = true; });
+    premi(&finestra.pulsante, {Qt::Key_Return, Qt::NoModifier, true});
+    QVERIFY(!premuto);
     QTest::keyClick(&finestra.pulsante, Qt::Key_Enter);
-    QVERIFY(premuto);
+    QVERIFY(std::exchange(premuto, false));
+    finestra.invioComeTab();
+    QTest::keyClick(&finestra.pulsante, Qt::Key_Return);
+    QCOMPARE(QApplication::focusWidget(), &finestra.primo);
+    QVERIFY(!premuto);
 }
 
 void tst_Finestra::completaMentreSiScrive() {
@@ -121,7 +154,17 @@ void tst_Finestra::chiusuraConErrori() {
     finestra.guasta = true;
     programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
     finestra.close();
+    // What is read at each activation is told once, until it has been well again.
+    const auto attiva = [&] {
+        QEvent attivata(QEvent::WindowActivate);
+        QApplication::sendEvent(&finestra, &attivata);
+    };
+    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    attiva();
+    attiva();
     finestra.guasta = finestra.chiudibile = false;
+    attiva();
+    QCOMPARE(finestra.letture, 3);
     QTest::keyClick(&finestra, Qt::Key_Escape);
     QVERIFY(finestra.isVisible());
     impostaFileAiuto(percorsoNelProgramma("vlm help.hlp"));
@@ -136,6 +179,87 @@ void tst_Finestra::chiusuraConErrori() {
 void tst_Finestra::avvisoSiChiudeDaSolo() {
     DurataAvviso = std::chrono::milliseconds(1);
     QCOMPARE(frmMSG("Manifestazione Creata").exec(), QDialog::Accepted);
+}
+
+void tst_Finestra::scatole() {
+    // What a question is answered by these keys, whose harmless answer is No; nothing where it stays open.
+    const std::pair<QList<Colpo>, std::optional<bool>> casi[] = {
+        {{{Qt::Key_S}, {Qt::Key_Y}, {Qt::Key_N}, {Qt::Key_5}, {Qt::Key_Delete}}, std::nullopt},
+        {{{Qt::Key_Return, Qt::NoModifier, true}, {Qt::Key_Space, Qt::NoModifier, true}}, std::nullopt},
+        {{{Qt::Key_Escape, Qt::NoModifier, true}}, std::nullopt},
+        {{{Qt::Key_Return}}, false},
+        {{{Qt::Key_Escape}}, false},
+        {{{Qt::Key_Space}}, false},
+        {{{Qt::Key_Tab}, {Qt::Key_Enter}}, true},
+        {{{Qt::Key_Left}, {Qt::Key_Space}}, true},
+        {{{Qt::Key_S, Qt::AltModifier}}, true}};
+    DialoghiQt dialoghi;
+    for (const auto& [tasti, attesa] : casi) {
+        bool aperta = false;
+        QTimer::singleShot(0, [&, tasti = tasti] {
+            QWidget* scatola = QApplication::activeModalWidget();
+            QVERIFY(QTest::qWaitForWindowActive(scatola));
+            for (const Colpo& colpo : tasti)
+                premi(scatola->focusWidget(), colpo);
+            aperta = scatola->isVisible();
+            scatola->close();
+        });
+        const bool si = dialoghi.domanda("Eliminare ?", "Testo", Icona::Domanda, Innocua::No);
+        QCOMPARE(aperta, !attesa);
+        QCOMPARE(si, attesa.value_or(false));
+    }
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    QVERIFY(dialoghi.domanda("Attenzione", "Testo", Icona::Domanda, Innocua::Si));
+
+    // A typed answer reaches the line; a long text scrolls, and the box shows the whole of its title.
+    QTimer::singleShot(0, [] {
+        QWidget* campo = QApplication::activeModalWidget()->focusWidget();
+        QTest::keyClicks(campo, "7 s");
+        QTest::keyClick(campo, Qt::Key_Return);
+    });
+    QCOMPARE(dialoghi.chiedi("Data", "Giorno", "13/06/2026"), QString("7 s"));
+    const QString titolo("Un Titolo Assai Più Largo del Testo che Sta Nella Scatola");
+    QTimer::singleShot(0, [titolo] {
+        QWidget* scatola = QApplication::activeModalWidget();
+        QCOMPARE(scatola->windowTitle(), titolo);
+        QVERIFY(scatola->width() > scatola->fontMetrics().horizontalAdvance(titolo));
+        QVERIFY(scatola->screen()->availableGeometry().contains(scatola->frameGeometry()));
+        QTest::keyClick(scatola->focusWidget(), Qt::Key_PageDown);
+        QVERIFY(scatola->findChild<QLabel*>("lblTesto")->visibleRegion().boundingRect().y() > 0);
+        QTest::keyClick(scatola->focusWidget(), Qt::Key_Return);
+    });
+    dialoghi.messaggio(titolo, QString("riga\n").repeated(300), Icona::Stop);
+}
+
+void tst_Finestra::lettereConAlt() {
+    FinestraDiProva finestra;
+    finestra.pulsante.setText("&Salva");
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    int premuto = 0;
+    connect(&finestra.pulsante, &QPushButton::clicked, &finestra, [&] { ++premuto; });
+    QTest::keyClick(&finestra.ultimo, Qt::Key_S, Qt::AltModifier);
+    QCOMPARE(premuto, 1);  // at once, before the next key
+    finestra.pulsante.setEnabled(false);
+    QTest::keyClick(&finestra.ultimo, Qt::Key_S, Qt::AltModifier);
+    QCOMPARE(finestra.ultimo.text(), QString());
+    QTest::sendKeyEvent(QTest::Click, &finestra.ultimo, Qt::Key_At, "@", Qt::GroupSwitchModifier);
+    QTest::sendKeyEvent(QTest::Click, &finestra.ultimo, Qt::Key_At, "#",
+                        Qt::AltModifier | Qt::ControlModifier);
+    QCOMPARE(finestra.ultimo.text(), QString("@#"));
+}
+
+void tst_Finestra::testoSemplice() {
+    const QString nome("<b>ROSSI</b>");
+    QLabel etichetta(nome);
+    QCOMPARE(etichetta.sizeHint().width(), QFontMetrics(etichetta.font()).horizontalAdvance(nome));
+    etichetta.show();
+    QToolTip::showText({1, 1}, nome, &etichetta);
+    const QWidgetList finestre = QApplication::topLevelWidgets();
+    const auto suggerimento = std::ranges::find_if(
+        finestre, [](const QWidget* w) { return w->inherits("QTipLabel") && w->isVisible(); });
+    QVERIFY(suggerimento != finestre.end());
+    QCOMPARE(qobject_cast<QLabel*>(*suggerimento)->textFormat(), Qt::PlainText);
 }
 
 PROVA_FINESTRE(tst_Finestra)

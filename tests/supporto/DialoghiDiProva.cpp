@@ -72,7 +72,7 @@ void DialoghiDiProva::messaggio(const QString& titolo, const QString& testo, Ico
     mostra({Tipo::Messaggio, titolo, testo, icona, std::nullopt});
 }
 
-bool DialoghiDiProva::domanda(const QString& titolo, const QString& testo, Icona icona) {
+bool DialoghiDiProva::domanda(const QString& titolo, const QString& testo, Icona icona, Innocua /*innocua*/) {
     return mostra({Tipo::Domanda, titolo, testo, icona, std::nullopt}).has_value();
 }
 

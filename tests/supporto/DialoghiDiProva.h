@@ -34,7 +34,7 @@ public:
     void accettaTutto() { m_accettaTutto = true; }
 
     void messaggio(const QString& titolo, const QString& testo, Icona icona) override;
-    bool domanda(const QString& titolo, const QString& testo, Icona icona) override;
+    bool domanda(const QString& titolo, const QString& testo, Icona icona, Innocua innocua) override;
     std::optional<QString> chiedi(const QString& titolo, const QString& testo,
                                   const QString& predefinito) override;
     QString apriFile(const QString& titolo, const QString& cartella, const QString& filtro) override;

@@ -157,7 +157,7 @@ void Regia::messaggio(const QString& titolo, const QString& testo, Icona icona) 
         guasto(u"messaggio inatteso: "_s + titolo);
 }
 
-bool Regia::domanda(const QString& titolo, const QString& testo, Icona /*icona*/) {
+bool Regia::domanda(const QString& titolo, const QString& testo, Icona /*icona*/, Innocua /*innocua*/) {
     racconta(u"  domanda: [%1] %2 -> Sì"_s.arg(titolo, testo));
     return true;
 }

@@ -46,7 +46,7 @@ public:
     [[nodiscard]] int rapporti() const { return m_rapporti; }
 
     void messaggio(const QString& titolo, const QString& testo, Icona icona) override;
-    bool domanda(const QString& titolo, const QString& testo, Icona icona) override;
+    bool domanda(const QString& titolo, const QString& testo, Icona icona, Innocua innocua) override;
     std::optional<QString> chiedi(const QString& titolo, const QString& testo,
                                   const QString& predefinito) override;
     QString apriFile(const QString& titolo, const QString& cartella, const QString& filtro) override;
