@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -122,11 +121,9 @@ void GrigliaRilevamenti::componi() {
     disposizione->addWidget(m_grT, 0, 0);
     disposizione->addWidget(m_grS, 0, 1);
     disposizione->addWidget(m_vBar, 0, 2);
-    auto* sotto = new QHBoxLayout;
-    sotto->addWidget(m_lblEsito, 1);
-    sotto->addWidget(m_etichettaTotale);
-    disposizione->addLayout(sotto, 1, 0);
+    disposizione->addWidget(m_etichettaTotale, 1, 0, Qt::AlignRight);
     disposizione->addWidget(m_lblTotPen, 1, 1);
+    disposizione->addWidget(m_lblEsito, 2, 0, 1, 3);
     disposizione->setColumnStretch(0, 1);
     disposizione->setRowStretch(0, 1);
 }
