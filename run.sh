@@ -6,8 +6,9 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 scripts/install-deps.sh
+[ -e build/release/src/shell/velmora ] || echo "Building for the first time: some minutes, once."
 cmake --preset release >/dev/null
-cmake --build --preset release --target velmora velmora_aiuto crea_esempio prova
+cmake --build --preset release --target velmora velmora_aiuto crea_esempio prova simulatore_tag simulatore_tabellone
 
 # lay FOLDER: a program folder with the program as it is now; an archive that is there stays.
 lay() {

@@ -13,6 +13,7 @@ struct Confronto {
     // Where growth is compared: the names of the same two measures on the smaller event.
     std::string misuraPiccola = {};
     std::string basePiccola = {};
+    std::string tolta = {};  // a measure whose time is first taken from the first one's
 };
 
 // Every benchmark source adds its own before main runs.

@@ -28,7 +28,7 @@ void scriviProve(int idMan, int prove) {
 void scriviEquipaggi(int idMan, int equipaggi) {
     Statement equipaggio(
         u"INSERT INTO Equipaggi (IDMan_FK,IDGru_FK,IDSqu_FK,Num,Cog,Nom,CogNav,NomNav,Mar,[Mod],Ann,"
-        "Omo,Esc) VALUES (?,(SELECT min(IDGru) FROM Raggruppamenti),0,?,'ROSSI','Mario','BIANCHI',"
+        "Omo,Esc) VALUES (?,(SELECT max(IDGru) FROM Raggruppamenti),0,?,'ROSSI','Mario','BIANCHI',"
         "'Anna','LANCIA','APRILIA',?,?,0)"_s);
     for (int i = 0; i < equipaggi; ++i)
         equipaggio.esegui({idMan, i + 1, 1925 + i % 65, i % 3 ? u"A123"_s : QString()});
@@ -37,7 +37,8 @@ void scriviEquipaggi(int idMan, int equipaggi) {
 void scriviLetture() {
     QRandomGenerator caso(7);
     QList<QPair<int, int>> coppie;
-    Statement lettura(u"SELECT IDEqu,IDPro FROM Equipaggi,Prove ORDER BY IDEqu,IDPro"_s);
+    Statement lettura(
+        u"SELECT IDEqu,IDPro FROM Equipaggi JOIN Prove USING (IDMan_FK) ORDER BY IDEqu,IDPro"_s);
     lettura.esegui();
     while (lettura.prossima())
         coppie << qMakePair(lettura.intero(0), lettura.intero(1));
@@ -48,13 +49,7 @@ void scriviLetture() {
     }
 }
 
-}  // namespace
-
-ManifestazioneDiMisura::ManifestazioneDiMisura(int equipaggi, int prove) {
-    PercorsoApp = m_cartella.path();
-    PreparaArchivio();
-    ApriDataBase();
-    Transazione transazione;
+void scriviManifestazione(int equipaggi, int prove) {
     IDMan = inserisciRiga(u"Manifestazioni"_s, {{u"Nom"_s, u"Misura"_s},
                                                 {u"FatAnn"_s, 1},
                                                 {u"AutoEsc"_s, 1},
@@ -70,6 +65,17 @@ ManifestazioneDiMisura::ManifestazioneDiMisura(int equipaggi, int prove) {
     inserisciRiga(u"Raggruppamenti"_s, {{u"IDMan_FK"_s, IDMan}, {u"Nom"_s, u"Classic"_s}, {u"Fat"_s, 1.1}});
     scriviProve(IDMan, prove);
     scriviEquipaggi(IDMan, equipaggi);
+}
+
+}  // namespace
+
+ManifestazioneDiMisura::ManifestazioneDiMisura(int equipaggi, int prove, int manifestazioni) {
+    PercorsoApp = m_cartella.path();
+    PreparaArchivio();
+    ApriDataBase();
+    Transazione transazione;
+    for (int i = 0; i < manifestazioni; ++i)
+        scriviManifestazione(equipaggi, prove);
     scriviLetture();
     transazione.conferma();
 }

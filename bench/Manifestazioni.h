@@ -2,11 +2,11 @@
 
 #include <QTemporaryDir>
 
-// An event of its own in a temporary archive, open and active: `equipaggi` crews, `prove` tests, a reading
-// for each.
+// Events in an archive of their own, open, the last one active: each of `equipaggi` crews and `prove` tests,
+// with a reading for each pair.
 class ManifestazioneDiMisura final {
 public:
-    ManifestazioneDiMisura(int equipaggi, int prove);
+    ManifestazioneDiMisura(int equipaggi, int prove, int manifestazioni = 1);
     Q_DISABLE_COPY_MOVE(ManifestazioneDiMisura)
     ~ManifestazioneDiMisura();
 

@@ -58,11 +58,13 @@ private:
         const std::optional<Tempi> misuraPiccola = trova(confronto.misuraPiccola);
         const std::optional<Tempi> basePiccola = trova(confronto.basePiccola);
         const bool crescita = !confronto.misuraPiccola.empty();
-        if (!misura || !base || (crescita && (!misuraPiccola || !basePiccola))) {
+        if (!misura || !base || (crescita && (!misuraPiccola || !basePiccola)) ||
+            (!confronto.tolta.empty() && !trova(confronto.tolta))) {
             std::printf("%-66s not measured\n", confronto.descrizione.c_str());
             return false;
         }
-        double rapporto = misura->minimo / base->minimo;
+        const std::optional<Tempi> tolta = trova(confronto.tolta);
+        double rapporto = (misura->minimo - tolta.value_or(Tempi()).minimo) / base->minimo;
         if (crescita)
             rapporto /= misuraPiccola->minimo / basePiccola->minimo;
         std::printf("%-66s %8.2f/%8.2f %8.2f/%8.2f %7.2f %7.2f%s\n", confronto.descrizione.c_str(),

@@ -1,26 +1,33 @@
 #include "archive/ErroreArchivio.h"
 #include "common/Public.h"
 #include "tools/CreaEsempio.h"
+#include "tools/RigaDiComando.h"
 
-#include <cstdio>
 #include <QCoreApplication>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
 
-// crea_esempio <folder of the data> <folder of the archive> [--attiva]
-// --attiva also makes the sample the active event of the user who runs it.
+namespace {
+
+constexpr char Aiuto[] = R"(Crea un archivio che contiene il rally d'esempio.
+
+Uso: crea_esempio [--attiva] DATI ARCHIVIO
+
+  DATI       la cartella dei dati del rally (assets/esempio)
+  ARCHIVIO   la cartella in cui nasce l'archivio, mdvlm.mdb; uno che c'è già non viene toccato
+  --attiva   il rally diventa anche la manifestazione attiva di chi esegue il comando
+)";
+
+}  // namespace
+
 int main(int argc, char** argv) {
     const QCoreApplication applicazione(argc, argv);
-    QStringList argomenti = QCoreApplication::arguments().mid(1);
-    const bool attiva = argomenti.removeAll(u"--attiva"_s) > 0;
-    if (argomenti.size() != 2) {
-        QTextStream(stderr) << "Uso: crea_esempio <cartella dei dati> <cartella dell'archivio> [--attiva]\n";
-        return 2;
-    }
+    const RigaDiComando righe(QCoreApplication::arguments().sliced(1), QString::fromUtf8(Aiuto),
+                              {{.nome = u"attiva"_s}}, {2, 2});
     try {
-        const int idMan = creaEsempio(argomenti.at(0), argomenti.at(1));
-        if (attiva)
+        const int idMan = creaEsempio(righe.argomenti().at(0), righe.argomenti().at(1));
+        if (righe.data(u"attiva"_s))
             ImpostaManifestazioneAttiva(idMan);
         QTextStream(stdout) << "IDMan=" << idMan << '\n';
         return 0;

@@ -19,10 +19,10 @@ Uso: simulatore_tabellone [--programma CARTELLA] [--com N] [COPIONE]
 Collega uno pseudo-terminale come porta N (porte/comN nella cartella del programma) e scrive una riga, [######],
 a ogni cambiamento. Esegue il copione, un comando per riga; senza copione legge i comandi dalla tastiera.
 
-  attendi testo "TESTO"     fino a che il tabellone mostra TESTO; dopo 60 secondi è un errore
+  attendi testo "TESTO"     fino a che il tabellone mostra TESTO; dopo dieci minuti è un errore
 )";
 
-constexpr int AttesaTesto = 60000;  // milliseconds
+constexpr int AttesaTesto = 600000;  // milliseconds
 
 QString esegui(const SimulatoreTabellone& tabellone, int& gia, Copione::Comando& comando) {
     constexpr QLatin1String Testo("testo \"");

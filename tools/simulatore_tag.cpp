@@ -17,7 +17,8 @@ constexpr char Aiuto[] = R"(Fa la parte di un cronometro TAG CP520 o TAG CP540.
 Uso: simulatore_tag [--dispositivo CP520|CP540] [--programma CARTELLA] [--com N] [COPIONE]
 
 Collega uno pseudo-terminale come porta N (porte/comN nella cartella del programma) ed esegue il copione, un
-comando per riga; senza copione legge i comandi dalla tastiera. "#" apre un commento.
+comando per riga; senza copione legge i comandi dalla tastiera. "#" apre un commento. Scrive quando il programma
+apre la porta e quando la chiude.
 
   partenza                  impulso di partenza (on-line)
   tempo M:SS.CC             tempo trascorso (on-line)
@@ -94,11 +95,17 @@ QString memoria(SimulatoreTag& tag, const Copione::Comando& c) {
 }
 
 QString esegui(SimulatoreTag& tag, const Copione::Comando& c) {
+    static const QStringList Soli{u"partenza"_s, u"trasmetti"_s, u"muto"_s,
+                                  u"parla"_s,    u"incolla"_s,   u"fine-incolla"_s};
+    if (Soli.contains(c.nome) && !c.resto.isEmpty())
+        return u"%1 si scrive da solo"_s.arg(c.nome);
     if (c.nome == "partenza"_L1) {
         tag.partenza();
     } else if (c.nome == "tempo"_L1) {
         return secondi(tag, c.resto);
     } else if (c.nome == "serie"_L1) {
+        if (c.resto.isEmpty())
+            return u"manca il numero di serie"_s;
         tag.setSerie(c.resto);
     } else if (c.nome == "muto"_L1 || c.nome == "parla"_L1) {
         tag.setMuto(c.nome == "muto"_L1);
@@ -107,11 +114,16 @@ QString esegui(SimulatoreTag& tag, const Copione::Comando& c) {
     } else if (c.nome == "coda"_L1) {
         return conNumero(c.resto, 1, [&](std::optional<int> n) { tag.setMancheInCoda(n); });
     } else if (c.nome == "spezza"_L1) {
-        return conNumero(c.resto.section(u' ', 0, 0), 1, [&](std::optional<int> n) {
-            tag.spezza(n.value_or(0), c.resto.section(u' ', 1).toInt());
-        });
+        bool letti = false;
+        const int millisecondi = c.resto.section(u' ', 1).toInt(&letti);
+        if (c.resto != "no"_L1 && (!letti || millisecondi < 1))
+            return u"si scrive: spezza N MS, oppure spezza no"_s;
+        return conNumero(c.resto.section(u' ', 0, 0), 1,
+                         [&](std::optional<int> n) { tag.spezza(n.value_or(0), millisecondi); });
     } else if (c.nome == "incolla"_L1) {
         tag.incolla();
+    } else if (c.nome == "fine-incolla"_L1) {
+        tag.fineIncolla();
     } else if (c.nome == "invia"_L1) {
         return grezzi(c.resto, [&](const QByteArray& b) { tag.invia(b); });
     } else if (c.nome == "disturbo"_L1) {
@@ -126,21 +138,16 @@ QString esegui(SimulatoreTag& tag, const Copione::Comando& c) {
 
 int main(int argc, char** argv) {
     const QCoreApplication applicazione(argc, argv);
-    OpzioniSimulatore opzioni(QString::fromUtf8(Aiuto), {u"dispositivo"_s, u"CP540"_s});
+    const OpzioniSimulatore opzioni(QString::fromUtf8(Aiuto), {{u"dispositivo"_s, true, u"CP540"_s}});
     const QString dispositivo = opzioni.valore(u"dispositivo"_s).toUpper();
     if (dispositivo != "CP520"_L1 && dispositivo != "CP540"_L1)
-        return fallisci(u"--dispositivo: CP520 oppure CP540"_s);
+        RigaDiComando::rifiuta(u"--dispositivo: CP520 oppure CP540"_s);
     try {
         PseudoTerminale linea(opzioni.cartella(), opzioni.porta());
+        QObject::connect(&linea, &PseudoTerminale::cambiata, &linea,
+                         [](bool aperta) { scriviRiga(aperta ? u"porta aperta"_s : u"porta chiusa"_s); });
         SimulatoreTag tag(dispositivo == "CP520"_L1 ? Dispositivo::CP520 : Dispositivo::CP540, linea);
-        Copione copione(linea, [&tag](Copione::Comando& comando) {
-            // "fine" alone is the script's own command.
-            if (comando.nome == "fine-incolla"_L1) {
-                tag.fineIncolla();
-                return QString();
-            }
-            return esegui(tag, comando);
-        });
+        Copione copione(linea, [&tag](const Copione::Comando& comando) { return esegui(tag, comando); });
         return recita(copione, opzioni);
     } catch (const Errore& errore) {
         return fallisci(errore.testo());

@@ -4,6 +4,7 @@
 #include "archive/Schema.h"
 #include "archive/Statement.h"
 
+#include <optional>
 #include <QHash>
 #include <QStringList>
 
@@ -87,11 +88,9 @@ QStringList istruzioni(const PassoAggiornamento& passo) {
 
 void applica(const PassoAggiornamento& passo) {
     try {
-        Transazione transazione;
         const QStringList testi = istruzioni(passo);
         for (const QString& testo : testi)
             esegui(testo);
-        transazione.conferma();
     } catch (const ErroreArchivio& errore) {
         throw ErroreArchivio(u"L'archivio non si può aggiornare (passo %1, tabella %2).\n%3"_s.arg(
             QString::number(passo.ordine), QLatin1String(passo.tabella), errore.testo()));
@@ -107,11 +106,16 @@ std::span<const PassoAggiornamento> passiAggiornamento() {
 QList<int> AggiornaArchivio() {
     const QHash<QString, Colonne> presenti = leggiTabelle();
     QList<int> applicati;
+    std::optional<Transazione> transazione;  // none on an archive that lacks nothing
     for (const PassoAggiornamento& passo : Passi) {
         if (!manca(passo, presenti))
             continue;
+        if (!transazione)
+            transazione.emplace();
         applica(passo);
         applicati << passo.ordine;
     }
+    if (transazione)
+        transazione->conferma();
     return applicati;
 }

@@ -15,7 +15,6 @@ struct PassoAggiornamento {
 // In their fixed order, from 1.
 std::span<const PassoAggiornamento> passiAggiornamento();
 
-// Runs the missing steps on Conn(), each whole or not at all, and gives those that changed the archive.
-// Throws ErroreArchivio at the first that fails: an archive upgraded in part must not be used, and the next
-// start goes on from there.
+// Runs the missing steps on Conn(), all of them in one transaction, and gives those that changed the archive.
+// Throws ErroreArchivio at the first that fails, and the archive is as it was before the first.
 QList<int> AggiornaArchivio();

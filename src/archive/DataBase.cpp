@@ -122,7 +122,8 @@ Connessione& ConnShape() {
 }
 
 QString difettoArchivio(const QString& percorso) {
-    if (const QString difetto = difettoDelFile(percorso); !difetto.isEmpty())
+    QString difetto = difettoDelFile(percorso);
+    if (!difetto.isEmpty())
         return difetto;
     try {
         Connessione connessione(percorso);

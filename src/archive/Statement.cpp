@@ -3,6 +3,7 @@
 #include "archive/ErroreArchivio.h"
 
 #include <sqlite3.h>
+#include <QLocale>
 #include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;

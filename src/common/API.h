@@ -1,20 +1,23 @@
 #pragma once
 
-#include <QLockFile>
 #include <QString>
 #include <QStringList>
 
 // What the program asks of the platform.
 
-// The one running instance on a program folder. A lock left by a crash does not count.
+// The one running instance on a program folder, by the kernel's lock on the open file `vlm.lock`: what the
+// file holds, and whose it was, does not count, and a lock ends with its process.
 class IstanzaUnica final {
 public:
     explicit IstanzaUnica(const QString& cartella);
-    // False when another instance runs; throws Errore when the folder takes no lock at all.
+    Q_DISABLE_COPY_MOVE(IstanzaUnica)
+    ~IstanzaUnica();
+    // False when another instance runs; throws Errore, which names the file, when that cannot be told.
     [[nodiscard]] bool acquisisci();
 
 private:
-    QLockFile m_blocco;
+    QString m_percorso;
+    qintptr m_file = -1;  // the platform's own handle
 };
 
 // Command line of the system-information tool, program first; empty when there is none.

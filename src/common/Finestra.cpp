@@ -18,9 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char Tabella[] = "completaDaTabella";
-constexpr char ColonnaDati[] = "completaDaColonna";
-
 // A click in the middle of a blank mask would leave its first places out.
 void vaiAlPrimoPosto(QLineEdit* box) {
     if (box->inputMask().isEmpty())
@@ -100,9 +97,7 @@ void Finestra::showEvent(QShowEvent* evento) {
 }
 
 void Finestra::completaDa(QLineEdit* box, const QString& tabella, const QString& colonna) {
-    box->setProperty(Tabella, tabella);
-    box->setProperty(ColonnaDati, colonna);
-    box->installEventFilter(this);
+    attivaCompletamento(box, tabella, colonna);
 }
 
 bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -123,13 +118,6 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
             if (qobject_cast<QComboBox*>(oggetto) && !controllo->hasFocus()) {
                 evento->ignore();
                 return true;
-            }
-            break;
-        case QEvent::KeyRelease:
-            if (const QString tabella = oggetto->property(Tabella).toString(); !tabella.isEmpty()) {
-                CompletaTesto(qobject_cast<QLineEdit*>(oggetto), tabella,
-                              oggetto->property(ColonnaDati).toString(),
-                              static_cast<QKeyEvent&>(*evento).key());
             }
             break;
         default:

@@ -11,7 +11,10 @@ public:
 
     [[nodiscard]] virtual QString leggi(const QString& sezione, const QString& chiave,
                                         const QString& predefinito) const = 0;
+    // What cannot be stored holds until the program ends.
     virtual void scrivi(const QString& sezione, const QString& chiave, const QString& valore) = 0;
+    // Why a setting could not be stored, in the operator's words; said once, empty from then on.
+    virtual QString guasto() { return {}; }
 
     static Impostazioni& corrente();
     static void installa(Impostazioni* impostazioni);  // not owned; nullptr goes back to the user's own

@@ -6,12 +6,16 @@
 #include <algorithm>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
 #include <QUrl>
 #include <QValidator>
+#include <utility>
 
 namespace {
+
+constexpr char Limite[] = "lunghezzaMassima";
 
 const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
 const QColor SfondoSelezione(0x00, 0x00, 0x80);  // stands out on the field's blue too
@@ -52,6 +56,46 @@ public:
 private:
     const QLineEdit* m_campo;
     Filtro m_filtro;
+};
+
+class Completamento final : public QObject {
+public:
+    Completamento(QLineEdit* campo, const QString& tabella, const QString& colonna)
+        : QObject(campo), m_campo(campo), m_tabella(tabella), m_colonna(colonna) {
+        campo->installEventFilter(this);
+        connect(campo, &QLineEdit::textEdited, this, [this] { m_scritto = m_carattere; });
+    }
+
+    bool eventFilter(QObject* oggetto, QEvent* evento) override {
+        if (evento->type() == QEvent::KeyPress) {
+            m_carattere = carattere(static_cast<QKeyEvent&>(*evento));
+        } else if (evento->type() == QEvent::InputMethod) {
+            m_carattere = !static_cast<QInputMethodEvent*>(evento)->commitString().isEmpty();
+        } else if (evento->type() == QEvent::FocusOut) {
+            m_scritto = false;
+        } else if (evento->type() == QEvent::KeyRelease) {
+            const int tasto = static_cast<QKeyEvent*>(evento)->key();
+            // A Shift let go before the letter is not the letter's release. A text that came from the program
+            // meanwhile, as another crew does, was not typed.
+            if ((tasto < Qt::Key_Escape || tasto == Qt::Key_unknown) && std::exchange(m_scritto, false) &&
+                m_campo->isModified())
+                CompletaTesto(m_campo, m_tabella, m_colonna, tasto);
+        }
+        return QObject::eventFilter(oggetto, evento);
+    }
+
+private:
+    static bool carattere(const QKeyEvent& tasto) {
+        const bool comando = tasto.modifiers().testFlag(Qt::AltModifier) &&
+                             !tasto.modifiers().testFlag(Qt::ControlModifier);  // the two are AltGr
+        return !comando && !tasto.text().isEmpty() && tasto.text().at(0).isPrint();
+    }
+
+    QLineEdit* m_campo;
+    QString m_tabella;
+    QString m_colonna;
+    bool m_carattere = false;  // the key that is down types one
+    bool m_scritto = false;    // and it came into the text
 };
 
 }  // namespace
@@ -101,15 +145,34 @@ void CompletaTesto(QLineEdit* campo, const QString& tabella, const QString& colo
     // fast.
     if (campo->hasSelectedText() && campo->selectionEnd() == testo.size())
         return;
+    if (campo->cursorPosition() != testo.size())
+        return;
     const std::optional<QString> completo = primoCompletamento(tabella, colonna, testo);
     if (!completo)
         return;
     campo->setText(completo->toUpper());
     campo->setSelection(static_cast<int>(testo.size()), static_cast<int>(completo->size() - testo.size()));
+    campo->setModified(true);
+}
+
+void attivaCompletamento(QLineEdit* campo, const QString& tabella, const QString& colonna) {
+    new Completamento(campo, tabella, colonna);
 }
 
 void applicaFiltro(QLineEdit* campo, Filtro filtro) {
     campo->setValidator(new ValidatoreTasti(filtro, campo));
+}
+
+void limitaTesto(QLineEdit* campo, int lunghezza) {
+    campo->setProperty(Limite, lunghezza);
+    campo->setMaxLength(lunghezza);
+}
+
+void mostraTesto(QLineEdit* campo, const QString& testo) {
+    if (const QVariant limite = campo->property(Limite); limite.isValid())
+        campo->setMaxLength(std::max(limite.toInt(), static_cast<int>(testo.size())));
+    campo->setText(testo);
+    campo->setCursorPosition(0);
 }
 
 void mostraAiuto(QWidget* finestra) {

@@ -111,9 +111,10 @@ int TempoInCentesimi(std::string_view utf8) {
     if (utf8.size() == 11 && utf8[2] == ':' && utf8[5] == ':' && utf8[8] == ':') {
         const int ore = gruppo(0), minuti = gruppo(3), secondi = gruppo(6), centesimi = gruppo(9);
         if (ore >= 0 && ore <= 23 && minuti >= 0 && minuti <= 59 && secondi >= 0 && secondi <= 59 &&
-            centesimi >= 0)
+            centesimi >= 0) {
             return ore * CentesimiAllOra + minuti * CentesimiAlMinuto + secondi * CentesimiAlSecondo +
                    centesimi;
+        }
     }
     return TempoInCentesimi(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }

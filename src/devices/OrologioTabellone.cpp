@@ -7,7 +7,6 @@
 namespace {
 
 constexpr qint64 Millisecondo = 1'000'000;
-constexpr qint64 Centesimo = 10 * Millisecondo;
 // A timer may fire this much before its time.
 constexpr qint64 Anticipo = Millisecondo;
 
@@ -17,16 +16,16 @@ qint64 OrologioTabellone::intervallo() const {
     return formato().intervallo * Millisecondo;
 }
 
-void OrologioTabellone::impostaFormato(int formato, qint64 adesso) {
-    // What has passed since the last tick is not lost.
-    const qint64 passati = std::max<qint64>(0, adesso - m_inizio) / Centesimo;
-    m_base += static_cast<int>(passati);
-    m_inizio += passati * Centesimo;
-    m_battiti = 0;
-    m_formato = static_cast<std::size_t>(std::clamp<int>(formato, 1, FormatiOrologio.size()) - 1);
+qint64 OrologioTabellone::passati(qint64 adesso) const {
+    return (adesso - m_inizio + Anticipo) / intervallo();
+}
+
+void OrologioTabellone::impostaFormato(int formato) {
+    m_scelto = static_cast<std::size_t>(std::clamp<int>(formato, 1, FormatiOrologio.size()) - 1);
 }
 
 void OrologioTabellone::sincronizza(int centesimi, qint64 adesso) {
+    m_formato = m_scelto;
     m_base = centesimi;
     m_centesimi = centesimi;
     m_inizio = adesso;
@@ -34,7 +33,16 @@ void OrologioTabellone::sincronizza(int centesimi, qint64 adesso) {
 }
 
 QString OrologioTabellone::batti(qint64 adesso) {
-    m_battiti = std::max(m_battiti, (adesso - m_inizio + Anticipo) / intervallo());
+    if (m_formato != m_scelto && passati(adesso) > m_battiti) {
+        // The tick that was under way ends as it began; the intervals and steps after it are of the new
+        // format.
+        ++m_battiti;
+        m_base += static_cast<int>(m_battiti * formato().passo);
+        m_inizio += m_battiti * intervallo();
+        m_battiti = 0;
+        m_formato = m_scelto;
+    }
+    m_battiti = std::max(m_battiti, passati(adesso));
     m_centesimi = m_base + static_cast<int>(m_battiti * formato().passo);
     return CentesimiInTempo(m_centesimi).mid(formato().da, formato().lunghezza);
 }

@@ -7,7 +7,8 @@ using Cosa = Conversazione::Cosa;
 Scaricamento::Scaricamento(QObject* padre)
     : QObject(padre), m_porta(FabbricaPorte::corrente().crea(Linea::Cronometro)) {
     m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, this, [this] { esegui(m_conversazione.scaduto()); });
+    m_timer.setTimerType(Qt::PreciseTimer);  // the others cut a wait short by up to a twentieth
+    connect(&m_timer, &QTimer::timeout, this, &Scaricamento::scaduto);
     connect(m_porta.get(), &Porta::ricevuto, this,
             [this] { esegui(m_conversazione.ricevuti(m_porta->leggiTutto())); });
     connect(m_porta.get(), &Porta::guasta, this, &Scaricamento::perduta);
@@ -31,6 +32,15 @@ void Scaricamento::ferma() {
     m_timer.stop();
     m_porta->chiudi();
     m_conversazione.ferma();
+}
+
+void Scaricamento::scaduto() {
+    // What has arrived and was not told yet came in time.
+    const QPointer<Scaricamento> vivo(this);
+    const int giro = m_giro;
+    esegui(m_conversazione.ricevuti(m_porta->leggiTutto()));
+    if (vivo && m_giro == giro && !m_timer.isActive())
+        esegui(m_conversazione.scaduto());
 }
 
 void Scaricamento::perduta() {

@@ -36,11 +36,12 @@ Q_SIGNALS:
 private:
     bool esegui(const Conversazione::Azioni& azioni);
     void avvisa(Conversazione::Cosa cosa);
+    void scaduto();
     void perduta();
 
     Conversazione m_conversazione{Dispositivo::CP520};
     std::unique_ptr<Porta> m_porta;
-    QTimer m_timer;
+    QTimer m_timer{this};
     GuastoPorta m_guasto;
     int m_giro = 0;  // changes when the download is stopped: what was still to be done no longer counts
 };

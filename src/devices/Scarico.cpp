@@ -17,16 +17,18 @@ struct Formato {
 
 constexpr Formato Formati[] = {{'T', '\r', 7, 15}, {'A', '\n', 3, 16}};
 constexpr qsizetype CifreNumero = 4;
+constexpr qsizetype CaratteriTempo = 11;  // that are kept
 
-char carattere(QByteArrayView riga, qsizetype posizione) {
-    return posizione < riga.size() ? riga[posizione] : ' ';
+// What a line holds of a field; a line may end before or within it.
+QByteArrayView campo(QByteArrayView riga, qsizetype da, qsizetype lunghezza) {
+    da = std::min(da, riga.size());
+    return riga.sliced(da, std::min(lunghezza, riga.size() - da));
 }
 
 // Decimal value of a blank-padded field: its digits up to the first character of another kind.
-int valoreDecimale(QByteArrayView riga, qsizetype da) {
+int valoreDecimale(QByteArrayView cifre) {
     int valore = 0;
-    for (qsizetype i = da; i < da + CifreNumero; ++i) {
-        const char c = carattere(riga, i);
+    for (const char c : cifre) {
         if (c == ' ')
             continue;
         if (c < '0' || c > '9')
@@ -36,14 +38,10 @@ int valoreDecimale(QByteArrayView riga, qsizetype da) {
     return valore;
 }
 
-QString tempoInArchivio(QByteArrayView riga, qsizetype da) {
-    QString tempo = u"00:00:00:00"_s;
-    for (const qsizetype i : {0, 1, 3, 4, 6, 7, 9, 10}) {
-        const char c = carattere(riga, da + i);
-        if (c != ' ')
-            tempo[i] = c >= '0' && c <= '9' ? QChar::fromLatin1(c) : QChar(u'?');
-    }
-    return tempo;
+// The two characters of each part as they came, a blank as a zero; parts that are not there stay empty.
+QString tempoInArchivio(QByteArrayView ricevuto) {
+    const QString tempo = QString::fromLatin1(ricevuto).replace(u' ', u'0');
+    return u"%1:%2:%3:%4"_s.arg(tempo.mid(0, 2), tempo.mid(3, 2), tempo.mid(6, 2), tempo.mid(9, 2));
 }
 
 QByteArray conSomma(const QByteArray& testo) {
@@ -62,8 +60,8 @@ QList<RecordScarico> leggiRecord(Dispositivo dispositivo, QByteArrayView flusso)
             return record;
         const QByteArrayView riga(inizio, fine);
         if (!riga.isEmpty() && riga.front() == formato.segno) {
-            record << RecordScarico{valoreDecimale(riga, formato.numero),
-                                    tempoInArchivio(riga, formato.tempo)};
+            record << RecordScarico{valoreDecimale(campo(riga, formato.numero, CifreNumero)),
+                                    tempoInArchivio(campo(riga, formato.tempo, CaratteriTempo))};
         }
         inizio = fine + 1;
     }
@@ -80,7 +78,7 @@ QByteArray frameRifiutato() {
 }
 
 QByteArray frameFine(const QString& manche) {
-    return conSomma("DE " + manche.rightJustified(2, u'0').right(2).toLatin1() + '\t');
+    return conSomma("DE " + manche.trimmed().rightJustified(2, u'0').right(2).toLatin1() + '\t');
 }
 
 QByteArray comandoIdentifica() {
@@ -92,21 +90,20 @@ QByteArray comandoScarica(const QString& manche) {
 }
 
 std::optional<QString> leggiManche(const QString& testo) {
-    const QString manche = testo.trimmed();
-    if (manche.isEmpty() || !std::ranges::all_of(manche, [](QChar c) { return c >= u'0' && c <= u'9'; }))
+    // Anything but digits and blanks could break out of the command.
+    if (!std::ranges::all_of(testo, [](QChar c) { return c == u' ' || (c >= u'0' && c <= u'9'); }))
         return std::nullopt;
     bool letta = false;
-    const int numero = manche.toInt(&letta);
+    const int numero = testo.trimmed().toInt(&letta);
     if (!letta || numero < 1 || numero > 99)
         return std::nullopt;
-    return manche;
+    return testo;
 }
 
 QString numeroDiSerie(QByteArrayView risposta) {
     constexpr qsizetype Da = 3;
     constexpr qsizetype Lunghezza = 5;
-    const qsizetype da = std::min(Da, risposta.size());
-    return QString::fromLatin1(risposta.sliced(da, std::min(Lunghezza, risposta.size() - da)));
+    return QString::fromLatin1(campo(risposta, Da, Lunghezza));
 }
 
 QByteArray spogliaScarico(QByteArrayView flusso) {

@@ -10,11 +10,11 @@
 
 struct RecordScarico {
     int numero = 0;  // crew number; 0 when the record carries none
-    QString tempo;   // hh:mm:ss:cc, always 11 characters; '?' where the device sent no digit
+    QString tempo;  // hh:mm:ss:cc; other characters than digits as they came, what a cut field lacks left out
 };
 
 // The records of a download, in order. Lines are cut at the device's terminator; a line that does not begin
-// with its record mark, or is not terminated, is no record. What a short line lacks counts as blank.
+// with its record mark, or is not terminated, is no record.
 QList<RecordScarico> leggiRecord(Dispositivo dispositivo, QByteArrayView flusso);
 
 // Checksummed frames of the TAG CP540.
@@ -25,8 +25,7 @@ QByteArray frameFine(const QString& manche);
 QByteArray comandoIdentifica();
 QByteArray comandoScarica(const QString& manche);
 
-// The heat that the operator typed, blanks around it removed; nothing when it is not a whole number from 1
-// to 99.
+// The heat as the operator typed it; nothing when it is not a whole number from 1 to 99.
 std::optional<QString> leggiManche(const QString& testo);
 
 // Serial number in the identity reply, the text that ends in the accepted frame.

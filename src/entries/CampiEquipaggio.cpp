@@ -1,5 +1,7 @@
 #include "entries/CampiEquipaggio.h"
 
+#include "common/Subroutine.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -21,8 +23,7 @@ QString leggiControllo(const ColonnaEquipaggio& colonna, const QWidget* controll
 
 void scriviControllo(const ColonnaEquipaggio& colonna, QWidget* controllo, const QString& testo) {
     if (auto* box = qobject_cast<QLineEdit*>(controllo)) {
-        box->setText(testo);
-        box->setCursorPosition(0);  // a long text shows its beginning
+        mostraTesto(box, testo);
     } else if (auto* spunta = qobject_cast<QCheckBox*>(controllo)) {
         spunta->setChecked(testo.toInt() != 0);
     } else if (auto* combo = qobject_cast<QComboBox*>(controllo)) {

@@ -5,6 +5,7 @@
 #include "common/Public.h"
 #include "common/Subroutine.h"
 #include "common/Valori.h"
+#include "entries/ElencoIscritti.h"
 #include "entries/frmRicercaAnagrafica.h"
 
 #include <algorithm>
@@ -16,35 +17,11 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStyle>
-#include <QTreeWidget>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-enum ColonnaElenco { ColonnaIDEqu, ColonnaNum, ColonnaConducente };
-
-class RigaElenco final : public QTreeWidgetItem {
-public:
-    explicit RigaElenco(const RigaEquipaggio& equipaggio) {
-        setText(ColonnaIDEqu, QString::number(equipaggio.idEqu));
-        setData(ColonnaNum, Qt::DisplayRole, equipaggio.num);
-        setTextAlignment(ColonnaNum, Qt::AlignRight | Qt::AlignVCenter);
-        setText(ColonnaConducente, equipaggio.conducente);
-    }
-
-    bool operator<(const QTreeWidgetItem& altra) const override {
-        const int colonna = treeWidget()->sortColumn();
-        if (colonna != ColonnaConducente)
-            return data(colonna, Qt::DisplayRole).toInt() < altra.data(colonna, Qt::DisplayRole).toInt();
-        return text(colonna).compare(altra.text(colonna), Qt::CaseInsensitive) < 0;
-    }
-};
-
-int numeroRiga(const QTreeWidgetItem* riga) {
-    return riga->data(ColonnaNum, Qt::DisplayRole).toInt();
-}
 
 bool numeroValido(const QString& numero, std::optional<int> attuale = std::nullopt) {
     const auto rifiuta = [](const QString& motivo) {
@@ -116,7 +93,7 @@ void ModuloEquipaggi::apri() {
 
 void ModuloEquipaggi::trovaControlli() {
     m_campi.emplace(this);
-    m_lstEq = findChild<QTreeWidget*>(u"lstEq"_s);
+    m_lstEq = findChild<ElencoIscritti*>(u"lstEq"_s);
     m_txtIDEqu = findChild<QLineEdit*>(u"txtIDEqu"_s);
     m_txtNum = findChild<QLineEdit*>(u"txtNum"_s);
     m_txtAnn = findChild<QLineEdit*>(u"txtAnn"_s);
@@ -149,9 +126,9 @@ void ModuloEquipaggi::collegaPulsanti() {
 }
 
 void ModuloEquipaggi::preparaElenco() {
-    m_lstEq->setColumnHidden(ColonnaIDEqu, true);
+    m_lstEq->setColumnHidden(ElencoIscritti::IDEqu, true);
     m_lstEq->header()->setSectionsClickable(true);
-    m_lstEq->header()->setSectionResizeMode(ColonnaNum, QHeaderView::ResizeToContents);
+    m_lstEq->header()->setSectionResizeMode(ElencoIscritti::Num, QHeaderView::ResizeToContents);
     connect(m_lstEq->header(), &QHeaderView::sectionClicked, this, &ModuloEquipaggi::ordina);
     connect(m_lstEq, &QTreeWidget::itemClicked, this, [this] {
         if (!rigaScelta())
@@ -178,9 +155,13 @@ void ModuloEquipaggi::preparaCampiEquipaggio() {
             applicaFiltro(box, Filtro::Cifre);
         if (colonna.completa)
             completaDa(box, u"Equipaggi"_s, QString::fromLatin1(colonna.nome));
-        if (colonna.tipo == TipoDato::Data)
+        if (colonna.tipo == TipoDato::Data) {
             m_date << box;
+        } else {
+            limitaTesto(box);
+        }
     });
+    connect(m_txtAnn, &QLineEdit::textEdited, this, [this] { m_annoDaValidare = true; });
 }
 
 void ModuloEquipaggi::riempiScelte() {
@@ -193,13 +174,8 @@ void ModuloEquipaggi::riempiScelte() {
 }
 
 void ModuloEquipaggi::riempiElenco() {
-    QList<QTreeWidgetItem*> nuove;
-    const QList<RigaEquipaggio> equipaggi = elencoEquipaggi();
-    for (const RigaEquipaggio& equipaggio : equipaggi)
-        nuove << new RigaElenco(equipaggio);
+    m_lstEq->riempi(elencoEquipaggi());
     const QSignalBlocker fermo(m_lstEq);
-    m_lstEq->clear();
-    m_lstEq->addTopLevelItems(nuove);
     if (m_ordine >= 0)
         m_lstEq->sortItems(m_ordine, Qt::AscendingOrder);
 }
@@ -221,28 +197,16 @@ int ModuloEquipaggi::righe() const {
     return m_lstEq->topLevelItemCount();
 }
 
-int ModuloEquipaggi::rigaDi(int idEqu) const {
-    for (int riga = 0; riga < righe(); ++riga) {
-        if (m_lstEq->topLevelItem(riga)->text(ColonnaIDEqu).toInt() == idEqu)
-            return riga;
-    }
-    return -1;
-}
-
-void ModuloEquipaggi::selezionaRiga(int riga) {
-    QTreeWidgetItem* voce = m_lstEq->topLevelItem(riga);
-    m_lstEq->setCurrentItem(voce);
-    m_lstEq->scrollToItem(voce);
-}
-
 bool ModuloEquipaggi::mostraRiga(int riga) {
     if (!m_txtIDEqu->text().isEmpty() && !riscrivi())
         return false;
-    const QString idEqu = m_lstEq->topLevelItem(riga)->text(ColonnaIDEqu);
-    m_campi->mostra(leggiEquipaggio(idEqu.toInt()));
-    m_txtIDEqu->setText(idEqu);
+    const int idEqu = m_lstEq->idEqu(riga);
+    m_campi->mostra(leggiEquipaggio(idEqu));
+    m_mostrata = m_campi->leggi();
+    m_annoDaValidare = false;
+    m_txtIDEqu->setText(QString::number(idEqu));
     m_indice = riga;
-    selezionaRiga(riga);
+    m_lstEq->seleziona(riga);
     return true;
 }
 
@@ -253,7 +217,7 @@ bool ModuloEquipaggi::vai(int riga) {
 bool ModuloEquipaggi::rigaScelta() {
     const int riga = m_lstEq->currentIndex().row();
     // Back on the crew on show until it has been left, also when the archive fails.
-    selezionaRiga(m_indice);
+    m_lstEq->seleziona(m_indice);
     return lasciaCampo() && (riga == m_indice || mostraRiga(riga));
 }
 
@@ -262,20 +226,24 @@ void ModuloEquipaggi::ordina(int colonna) {
     m_lstEq->header()->setSortIndicatorShown(true);
     m_lstEq->sortItems(colonna, Qt::AscendingOrder);
     // By its key: a number just typed may be that of another crew.
-    m_indice = rigaDi(m_txtIDEqu->text().toInt());
+    m_indice = m_lstEq->rigaDi(m_txtIDEqu->text().toInt());
     if (m_indice >= 0)
-        selezionaRiga(m_indice);
+        m_lstEq->seleziona(m_indice);
 }
 
 bool ModuloEquipaggi::riscrivi() {
+    // A crew that was only looked at is not written.
     const SchedaEquipaggio scheda = m_campi->leggi();
-    QTreeWidgetItem* riga = m_lstEq->topLevelItem(m_indice);
+    if (scheda == m_mostrata)
+        return true;
     const QString numero = m_txtNum->text();
-    if (!numeroValido(numero, numeroRiga(riga)))
+    if (!numeroValido(numero, m_lstEq->numero(m_indice))) {
+        vaiAlNumero();
         return false;
+    }
     aggiornaEquipaggio(m_txtIDEqu->text().toInt(), scheda);
-    riga->setData(ColonnaNum, Qt::DisplayRole, numero.toInt());
-    riga->setText(ColonnaConducente, scheda.value(u"Cog"_s) + u' ' + scheda.value(u"Nom"_s));
+    m_mostrata = scheda;
+    m_lstEq->aggiorna(m_indice, numero.toInt(), scheda.value(u"Cog"_s) + u' ' + scheda.value(u"Nom"_s));
     return true;
 }
 
@@ -299,12 +267,16 @@ void ModuloEquipaggi::nuovo() {
 }
 
 void ModuloEquipaggi::salva() {
-    if (!lasciaCampo() || !numeroValido(m_txtNum->text()))
+    if (!lasciaCampo())
         return;
+    if (!numeroValido(m_txtNum->text())) {
+        vaiAlNumero();
+        return;
+    }
     const CursoreAttesa attesa;
     const int idEqu = inserisciEquipaggio(m_campi->leggi());
     riempiElenco();
-    mostraRiga(rigaDi(idEqu));
+    mostraRiga(m_lstEq->rigaDi(idEqu));
     impostaInserimento(false);
     vaiAlNumero();
 }
@@ -342,8 +314,10 @@ void ModuloEquipaggi::copia() {
     if (!lasciaCampo())
         return;
     frmRicercaAnagrafica(this).exec();
-    if (const int scelto = std::exchange(IDEqu, 0); scelto != 0)
+    if (const int scelto = std::exchange(IDEqu, 0); scelto != 0) {
         m_campi->mostra(copiaDaArchivio(scelto));
+        m_annoDaValidare = true;
+    }
 }
 
 bool ModuloEquipaggi::controllaAnno() {
@@ -352,7 +326,8 @@ bool ModuloEquipaggi::controllaAnno() {
     const bool ammesso = testo.isEmpty() || annoAmmesso(anno);
     if (!ammesso)
         avverti(u"Anno NON Valido"_s, u"Anno NON Valido. Controllare."_s);
-    if (RagAutoManifestazione(IDMan)) {
+    // Passing by an unchanged year changes no group.
+    if (m_annoDaValidare && RagAutoManifestazione(IDMan)) {
         const std::optional<int> gruppo = testo.isEmpty() ? std::nullopt : raggruppamentoPerAnno(anno);
         m_cboGruppo->setCurrentIndex(gruppo ? m_cboGruppo->findData(*gruppo) : -1);
     }
@@ -369,7 +344,10 @@ bool ModuloEquipaggi::controllaCampo(QLineEdit* campo) {
 // checked by the action itself, which a refusal then stops.
 bool ModuloEquipaggi::lasciaCampo() {
     auto* campo = qobject_cast<QLineEdit*>(focusWidget());
-    return !campo || controllaCampo(campo);
+    if (!campo || controllaCampo(campo))
+        return true;
+    campo->selectAll();
+    return false;
 }
 
 bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -381,8 +359,10 @@ bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
     Finestra::eventFilter(oggetto, evento);
     campo->event(evento);  // the field must have let go before the focus may come back to it
     const QScopedValueRollback guardia(m_senzaControlli, true);
-    if (!controllaCampo(campo))
+    if (!controllaCampo(campo)) {
         campo->setFocus(Qt::OtherFocusReason);
+        campo->selectAll();  // typing replaces what was refused
+    }
     return true;
 }
 

@@ -3,10 +3,10 @@
 #include "common/Finestra.h"
 #include "entries/CampiEquipaggio.h"
 
+class ElencoIscritti;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
-class QTreeWidget;
 
 // An entry form: one crew at a time beside the list of all crews of the event. A stored crew is written back
 // whenever the operator leaves it; a new one passes through "Salva" or "Annulla". The forms built on it
@@ -46,8 +46,6 @@ private:
     [[nodiscard]] bool inserimento() const;
     void impostaInserimento(bool attivo);
     [[nodiscard]] int righe() const;
-    [[nodiscard]] int rigaDi(int idEqu) const;  // -1 when it is not in the list
-    void selezionaRiga(int riga);
     bool mostraRiga(int riga);  // false when the crew on show cannot be left
     bool vai(int riga);
     bool riscrivi();
@@ -60,8 +58,10 @@ private:
     bool lasciaCampo();
 
     std::optional<CampiEquipaggio> m_campi;
+    SchedaEquipaggio m_mostrata;    // the crew on show as it came
+    bool m_annoDaValidare = false;  // typed or copied since
     QList<QLineEdit*> m_date;
-    QTreeWidget* m_lstEq = nullptr;
+    ElencoIscritti* m_lstEq = nullptr;
     QLineEdit* m_txtIDEqu = nullptr;
     QLineEdit* m_txtNum = nullptr;
     QLineEdit* m_txtAnn = nullptr;

@@ -18,8 +18,6 @@ public:
     Q_DISABLE_COPY_MOVE(frmRicercaAnagrafica)
     ~frmRicercaAnagrafica() override;
 
-    bool eventFilter(QObject* oggetto, QEvent* evento) override;
-
 private:
     void riempi();
     void seleziona();

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CifreAnno = 4;
-constexpr int LunghezzaTesto = 255;
+constexpr int CifreFattore = 15;
 
 QLineEdit* campo(QWidget* finestra, const QString& nome) {
     return finestra->findChild<QLineEdit*>(nome);
@@ -22,10 +22,19 @@ bool accettato(QWidget* finestra, const std::optional<Rifiuto>& rifiuto) {
     if (!rifiuto)
         return true;
     Dialoghi::corrente().messaggio(rifiuto->titolo, rifiuto->testo, rifiuto->icona);
-    if (auto* controllo = finestra->findChild<QWidget*>(rifiuto->campo);
-        controllo && !rifiuto->campo.isEmpty())
-        controllo->setFocus();
+    if (auto* box = rifiuto->campo.isEmpty() ? nullptr : campo(finestra, rifiuto->campo)) {
+        box->setFocus();
+        box->selectAll();  // typing replaces what was refused
+    }
     return false;
+}
+
+void chiudiPercorso(QWidget* finestra, const QString& ultimoCampo, bool rigaAperta) {
+    auto* cmdAgg = finestra->findChild<QWidget*>(u"cmdAgg"_s);
+    auto* cmdMod = finestra->findChild<QWidget*>(u"cmdMod"_s);
+    auto* primo = rigaAperta ? cmdMod : cmdAgg;
+    QWidget::setTabOrder(finestra->findChild<QWidget*>(ultimoCampo), primo);
+    QWidget::setTabOrder(primo, rigaAperta ? cmdAgg : cmdMod);
 }
 
 Elenco::Riga rigaElenco(const Prova& prova) {
@@ -51,8 +60,8 @@ CampiProva::CampiProva(QWidget* finestra)
       m_uscita(finestra) {
     m_pro->addItems(tipiDiProva());
     m_con->addItems({siNo(false), siNo(true)});
-    m_nom->setMaxLength(LunghezzaTesto);
-    m_loc->setMaxLength(LunghezzaTesto);
+    limitaTesto(m_nom);
+    limitaTesto(m_loc);
     m_uscita.aggiungiMascherato(m_tem, Maschera::Ora);
     m_uscita.aggiungiMascherato(m_dat, Maschera::Data);
     connect(m_pro, &QComboBox::currentTextChanged, this, &CampiProva::aggiornaConcatenazione);
@@ -82,16 +91,16 @@ Prova CampiProva::leggi() const {
 void CampiProva::scrivi(const Prova& prova) {
     m_con->setCurrentText(siNo(prova.concatenata));
     m_pro->setCurrentText(prova.tip);
-    m_nom->setText(prova.nom);
-    m_loc->setText(prova.loc);
+    mostraTesto(m_nom, prova.nom);
+    mostraTesto(m_loc, prova.loc);
     m_tem->setText(prova.tem);
     m_dat->setText(prova.dat);
     aggiornaConcatenazione();
 }
 
 void CampiProva::azzera(bool ancheData) {
-    m_nom->clear();
-    m_loc->clear();
+    mostraTesto(m_nom, {});
+    mostraTesto(m_loc, {});
     m_tem->clear();
     if (ancheData)
         m_dat->clear();
@@ -109,11 +118,12 @@ CampiGruppo::CampiGruppo(QWidget* finestra)
       m_daAnn(campo(finestra, u"txtDaAnn"_s)),
       m_aAnn(campo(finestra, u"txtAAnn"_s)),
       m_uscita(finestra) {
-    m_nom->setMaxLength(LunghezzaTesto);
+    limitaTesto(m_nom);
+    limitaTesto(m_fat, CifreFattore);
     applicaFiltro(m_fat, Filtro::CifreVirgola);
     for (QLineEdit* anno : {m_daAnn, m_aAnn}) {
         applicaFiltro(anno, Filtro::Cifre);
-        anno->setMaxLength(CifreAnno);
+        limitaTesto(anno, CifreAnno);
         m_uscita.aggiungi(anno, [anno] {
             const std::optional<Rifiuto> rifiuto = verificaAnno(anno->text());
             if (rifiuto)
@@ -128,10 +138,10 @@ Gruppo CampiGruppo::leggi() const {
 }
 
 void CampiGruppo::scrivi(const Gruppo& gruppo) {
-    m_nom->setText(gruppo.nom);
-    m_fat->setText(gruppo.fat);
-    m_daAnn->setText(gruppo.daAnn);
-    m_aAnn->setText(gruppo.aAnn);
+    mostraTesto(m_nom, gruppo.nom);
+    mostraTesto(m_fat, gruppo.fat);
+    mostraTesto(m_daAnn, gruppo.daAnn);
+    mostraTesto(m_aAnn, gruppo.aAnn);
 }
 
 void CampiGruppo::azzera() {

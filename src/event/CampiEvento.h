@@ -13,6 +13,9 @@ class QComboBox;
 // Shows a refusal and moves the focus; true when there is none.
 bool accettato(QWidget* finestra, const std::optional<Rifiuto>& rifiuto);
 
+// The road of Enter through the fields ends on cmdMod when a row was opened, on cmdAgg when not.
+void chiudiPercorso(QWidget* finestra, const QString& ultimoCampo, bool rigaAperta);
+
 Elenco::Riga rigaElenco(const Prova& prova);  // "Tipo", "Nome", "Località", "Tem. Imp.", "Data", "Conc."
 Elenco::Riga rigaElenco(const Gruppo& gruppo);
 Elenco::Riga rigaElenco(const Squadra& squadra);

@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CifreNumero = 9;  // fits 32 bits
-constexpr int LunghezzaTesto = 255;
 // How much wider the window is with the column of the other crews.
 constexpr int LarghezzaNoASI = (9825 - 7980) / 15;
 
@@ -64,7 +63,7 @@ void ControlliManifestazione::preparaControllo(const VoceManifestazione& voce) {
 
 void ControlliManifestazione::preparaBox(const VoceManifestazione& voce, QLineEdit* box) {
     const bool numero = voce.genere == GenereVoce::Lungo || voce.genere == GenereVoce::Doppio;
-    box->setMaxLength(numero ? CifreNumero : LunghezzaTesto);
+    limitaTesto(box, numero ? CifreNumero : LunghezzaTesto);
     // The units of the time controls have never had a filter, unlike their siblings.
     const bool senzaFiltro = box->objectName().startsWith(u"txtPenUniCO"_s);
     if (voce.genere == GenereVoce::Data) {
@@ -103,7 +102,7 @@ void ControlliManifestazione::imposta(const VoceManifestazione& voce, const QStr
     if (auto* combo = qobject_cast<QComboBox*>(quale)) {
         combo->setCurrentIndex(combo->findText(testo));
     } else if (auto* box = qobject_cast<QLineEdit*>(quale)) {
-        box->setText(testo);
+        mostraTesto(box, testo);
     } else if (voce.genere == GenereVoce::TipoCO) {
         m_finestra->findChild<QRadioButton*>(testo == u"PAR"_s ? u"optCOPar"_s : u"optCOCon"_s)
             ->setChecked(true);
@@ -139,7 +138,7 @@ void ControlliManifestazione::aggiornaAttivi() {
         QWidget* quale = controllo(voce);
         const bool attiva = voceAttiva(voce, dati);
         if (auto* box = qobject_cast<QLineEdit*>(quale); box && attiva != box->isEnabled())
-            box->setText(attiva ? QString::fromLatin1(voce.proposta) : QString());
+            mostraTesto(box, attiva ? QString::fromLatin1(voce.proposta) : QString());
         quale->setEnabled(attiva);
     }
 }

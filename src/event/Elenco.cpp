@@ -1,5 +1,6 @@
 #include "event/Elenco.h"
 
+#include <algorithm>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -20,12 +21,17 @@ public:
     }
 };
 
+int chiaveDi(const QTreeWidgetItem* riga) {
+    return riga ? riga->data(0, Qt::UserRole).toInt() : 0;
+}
+
 }  // namespace
 
 Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
     setTabKeyNavigation(false);
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new RigheArieggiate(this));
@@ -34,8 +40,10 @@ Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
     header()->setStretchLastSection(true);
 }
 
-void Elenco::riempi(const QList<Riga>& righe) {
+void Elenco::riempi(const QList<Riga>& righe, Larghezze larghezze) {
     const int chiave = chiaveScelta();
+    const int corrente = rigaCorrente();
+    const int chiaveCorrente = chiaveDi(topLevelItem(corrente));
     const int scorrimento = verticalScrollBar()->value();
     setUpdatesEnabled(false);
     clear();
@@ -46,12 +54,14 @@ void Elenco::riempi(const QList<Riga>& righe) {
         elementi << elemento;
     }
     addTopLevelItems(elementi);
-    scegli(-1);
-    for (int i = 0; chiave != 0 && i < righe.size(); ++i) {
-        if (righe[i].chiave == chiave)
-            scegli(i);
-    }
-    adattaColonne();
+    const int stessa = rigaDi(chiaveCorrente);
+    const int riga = stessa >= 0 ? stessa : std::clamp(corrente, 0, std::max(0, topLevelItemCount() - 1));
+    selectionModel()->setCurrentIndex(model()->index(riga, std::max(0, treePosition())),
+                                      QItemSelectionModel::NoUpdate);
+    if (const int scelta = rigaDi(chiave); scelta >= 0)
+        scegli(scelta);
+    if (larghezze == Larghezze::Adatte)
+        adattaColonne();
     doItemsLayout();
     verticalScrollBar()->setValue(scorrimento);
     setUpdatesEnabled(true);
@@ -63,9 +73,23 @@ void Elenco::adattaColonne() {
 }
 
 void Elenco::scegli(int riga) {
-    setCurrentItem(topLevelItem(riga));
-    if (riga < 0)
+    if (riga < 0) {
         clearSelection();
+    } else {
+        setCurrentItem(topLevelItem(riga), std::max(0, treePosition()));
+    }
+}
+
+int Elenco::rigaCorrente() const {
+    return indexOfTopLevelItem(currentItem());
+}
+
+int Elenco::rigaDi(int chiave) const {
+    for (int riga = 0; chiave != 0 && riga < topLevelItemCount(); ++riga) {
+        if (chiaveDi(topLevelItem(riga)) == chiave)
+            return riga;
+    }
+    return -1;
 }
 
 int Elenco::scelta() const {
@@ -74,8 +98,7 @@ int Elenco::scelta() const {
 }
 
 int Elenco::chiaveScelta() const {
-    const int riga = scelta();
-    return riga < 0 ? 0 : topLevelItem(riga)->data(0, Qt::UserRole).toInt();
+    return chiaveDi(topLevelItem(scelta()));
 }
 
 void Elenco::drawBranches(QPainter* pittore, const QRect& area, const QModelIndex& indice) const {
@@ -104,20 +127,62 @@ void Elenco::mouseDoubleClickEvent(QMouseEvent* evento) {
         Q_EMIT aperto();
 }
 
+// With nothing chosen yet, an arrow chooses the current row and Home or End the row it names.
+bool Elenco::scegliConFreccia(int tasto) {
+    const int corrente = rigaCorrente();
+    if (scelta() >= 0 || corrente < 0)
+        return false;
+    switch (tasto) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            scegli(corrente);
+            return true;
+        case Qt::Key_Home:
+            scegli(0);
+            return true;
+        case Qt::Key_End:
+            scegli(topLevelItemCount() - 1);
+            return true;
+        default:
+            return false;
+    }
+}
+
+// In a list with boxes to tick the space bar ticks.
+bool Elenco::apriConSpazio() const {
+    return m_invioAvanti && scelta() >= 0 && !topLevelItem(scelta())->data(0, Qt::CheckStateRole).isValid();
+}
+
+// A key held down opens and deletes nothing more.
 void Elenco::keyPressEvent(QKeyEvent* evento) {
+    const bool nuovo = !evento->isAutoRepeat();
     switch (evento->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            Q_EMIT aperto();
+            if (m_invioAvanti) {
+                focusNextPrevChild(true);
+            } else if (nuovo) {
+                Q_EMIT aperto();
+            }
+            return;
+        case Qt::Key_Space:
+            if (!apriConSpazio())
+                break;
+            if (nuovo)
+                Q_EMIT aperto();
             return;
         case Qt::Key_Insert:
             scegli(-1);
-            Q_EMIT aggiunta();
+            if (nuovo)
+                Q_EMIT aggiunta();
             return;
         case Qt::Key_Delete:
-            Q_EMIT cancellata();
+            if (nuovo)
+                Q_EMIT cancellata();
             return;
         default:
-            QTreeWidget::keyPressEvent(evento);
+            if (scegliConFreccia(evento->key()))
+                return;
     }
+    QTreeWidget::keyPressEvent(evento);
 }

@@ -2,10 +2,13 @@
 
 #include <QTreeWidget>
 
-// A list of rows to choose from, with the number of each row before it. A click on its empty part chooses
-// nothing.
+// A list of rows to choose from, with the number of each row before it. Filled, it has a current row from
+// which the arrows move, but nothing chosen: the first arrow, a click or a double click chooses. A click on
+// its empty part chooses nothing.
 class Elenco final : public QTreeWidget {
     Q_OBJECT
+    // Enter goes on to the next control, as in the windows where it is a Tab; the space bar opens the row.
+    Q_PROPERTY(bool invioAvanti READ invioAvanti WRITE setInvioAvanti)
 
 public:
     struct Riga {
@@ -17,8 +20,12 @@ public:
     Q_DISABLE_COPY_MOVE(Elenco)
     ~Elenco() override = default;
 
-    // Replaces the rows; the chosen key stays chosen.
-    void riempi(const QList<Riga>& righe);
+    [[nodiscard]] bool invioAvanti() const { return m_invioAvanti; }
+    void setInvioAvanti(bool avanti) { m_invioAvanti = avanti; }
+
+    // Replaces the rows; the current row stays, and the chosen key stays chosen.
+    enum class Larghezze { Adatte, Ferme };
+    void riempi(const QList<Riga>& righe, Larghezze larghezze = Larghezze::Adatte);
     void adattaColonne();
     void scegli(int riga);  // -1 for none
 
@@ -26,7 +33,7 @@ public:
     [[nodiscard]] int chiaveScelta() const;  // 0 for none
 
 Q_SIGNALS:
-    void aperto();      // double click anywhere, or Enter
+    void aperto();      // double click anywhere, or the key that opens
     void aggiunta();    // Ins: nothing is chosen any more
     void cancellata();  // Del
 
@@ -35,4 +42,12 @@ protected:
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    [[nodiscard]] int rigaCorrente() const;
+    [[nodiscard]] int rigaDi(int chiave) const;  // -1 when it is not there
+    bool scegliConFreccia(int tasto);
+    bool apriConSpazio() const;
+
+    bool m_invioAvanti = false;
 };

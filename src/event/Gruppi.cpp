@@ -178,7 +178,13 @@ int aggiungiGruppo(int idMan, const Gruppo& gruppo, bool assegnazioneAutomatica)
 
 void modificaGruppo(int idMan, const Gruppo& gruppo, bool assegnazioneAutomatica) {
     Transazione transazione;
-    aggiornaRiga(u"Raggruppamenti"_s, u"IDGru"_s, gruppo.id, colonne(idMan, gruppo));
+    QVariantMap valori = colonne(idMan, gruppo);
+    const QList<Gruppo> gruppi = leggiGruppi(idMan);
+    // A factor with more digits than are shown stays as it is until someone changes it.
+    const auto stesso = [&](const Gruppo& g) { return g.id == gruppo.id && g.fat == gruppo.fat; };
+    if (std::ranges::any_of(gruppi, stesso))
+        valori.remove(u"Fat"_s);
+    aggiornaRiga(u"Raggruppamenti"_s, u"IDGru"_s, gruppo.id, valori);
     if (assegnazioneAutomatica)
         riassegnaEquipaggi(idMan);
     transazione.conferma();

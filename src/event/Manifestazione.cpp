@@ -93,14 +93,16 @@ QVariant valoreInColonna(GenereVoce genere, const QString& testo) {
     }
 }
 
-QString valoreInTesto(GenereVoce genere, const Statement& riga, int colonna) {
-    switch (genere) {
+// A precision that was never stored shows the initial one; only a word that is none leaves its combo unset.
+QString valoreInTesto(const VoceManifestazione& voce, const Statement& riga, int colonna) {
+    switch (voce.genere) {
         case Data:
             return scriviData(leggiData(riga.testo(colonna)).value_or(QDate()));
         case Interruttore:
             return siNo(riga.vero(colonna));
         case Precisione:
-            return parolaPrecisione(riga.testo(colonna));
+            return riga.nullo(colonna) ? QString::fromLatin1(voce.iniziale)
+                                       : parolaPrecisione(riga.testo(colonna));
         case Lungo:
         case Doppio:
             return riga.nullo(colonna) ? QString() : numeroInTesto(riga.reale(colonna));
@@ -108,6 +110,22 @@ QString valoreInTesto(GenereVoce genere, const Statement& riga, int colonna) {
             return riga.testo(colonna) == QLatin1String("PAR") ? u"PAR"_s : u"CON"_s;
         default:
             return riga.testo(colonna);
+    }
+}
+
+// Takes out the columns whose text is what the archive's own value shows: a value that a window shows in
+// another form (a long number, a foreign word) stays as it is stored until someone changes it.
+void togliIntatte(int idMan, const DatiManifestazione& dati, QVariantMap& colonne) {
+    Statement lettura(u"SELECT * FROM Manifestazioni WHERE IDMan=?"_s);
+    if (!lettura.esegui({idMan}).prossima())
+        return;
+    for (const VoceManifestazione& voce : Voci) {
+        const QString nome = QString::fromLatin1(voce.colonna);
+        const int colonna = lettura.colonna(nome);
+        const bool valore = voce.genere == Precisione || voce.genere == Lungo || voce.genere == Doppio;
+        if (voceAttiva(voce, dati) && ((valore && !lettura.nullo(colonna)) || voce.genere == Testo) &&
+            dati.value(nome) == valoreInTesto(voce, lettura, colonna))
+            colonne.remove(nome);
     }
 }
 
@@ -163,7 +181,7 @@ DatiManifestazione leggiManifestazione(int idMan) {
         return dati;
     for (const VoceManifestazione& voce : Voci) {
         const QString colonna = QString::fromLatin1(voce.colonna);
-        dati[colonna] = valoreInTesto(voce.genere, lettura, lettura.colonna(colonna));
+        dati[colonna] = valoreInTesto(voce, lettura, lettura.colonna(colonna));
     }
     return dati;
 }
@@ -199,9 +217,12 @@ std::optional<Rifiuto> verificaDati(const DatiManifestazione& dati) {
 
 void modificaManifestazione(int idMan, const DatiManifestazione& dati) {
     Transazione transazione;
+    QVariantMap colonne = colonneManifestazione(dati, Scrittura::Modifica);
+    togliIntatte(idMan, dati, colonne);
     if (dati.value(u"TipoCO"_s) == QLatin1String("PAR"))
         esegui(u"UPDATE Prove SET ConA=0 WHERE IDMan_FK=? AND Tip='CO'"_s, {idMan});
-    aggiornaRiga(u"Manifestazioni"_s, u"IDMan"_s, idMan, colonneManifestazione(dati, Scrittura::Modifica));
+    if (!colonne.isEmpty())
+        aggiornaRiga(u"Manifestazioni"_s, u"IDMan"_s, idMan, colonne);
     transazione.conferma();
 }
 

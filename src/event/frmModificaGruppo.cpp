@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 frmModificaGruppo::frmModificaGruppo(QWidget* padre)
-    : Finestra(padre), m_ui(std::make_unique<Ui::frmModificaGruppo>()) {
+    : FinestraModifica(padre), m_ui(std::make_unique<Ui::frmModificaGruppo>()) {
     m_ui->setupUi(this);
     m_ui->lblIDRag->hide();
     m_campi = new CampiGruppo(this);
@@ -35,6 +35,8 @@ void frmModificaGruppo::carica(int idGru) {
     m_campi->scrivi(presente ? *trovato : Gruppo());
     m_ui->cmdMod->setEnabled(presente);
     m_ui->cmdEli->setEnabled(presente);
+    chiudiPercorso(this, u"txtAAnn"_s, presente);
+    ricorda();
 }
 
 std::optional<Gruppo> frmModificaGruppo::accettati(int esclusa, Operazione operazione) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Finestra.h"
 #include "event/CampiEvento.h"
+#include "event/FinestraModifica.h"
 
 #include <memory>
 
@@ -10,7 +10,7 @@ class frmModificaGruppo;
 }
 
 // Adds, changes or deletes a group of the active event; each action goes to the archive at once.
-class frmModificaGruppo final : public Finestra {
+class frmModificaGruppo final : public FinestraModifica {
     Q_OBJECT
 
 public:

@@ -11,7 +11,7 @@
 using namespace Qt::StringLiterals;
 
 frmModificaManifestazione::frmModificaManifestazione(QWidget* padre)
-    : Finestra(padre), m_ui(std::make_unique<Ui::frmModificaManifestazione>()) {
+    : FinestraModifica(padre), m_ui(std::make_unique<Ui::frmModificaManifestazione>()) {
     m_ui->setupUi(this);
     m_ui->lstProve->hideColumn(0);
     m_ui->lstProve->setTreePosition(1);
@@ -28,6 +28,7 @@ frmModificaManifestazione::frmModificaManifestazione(QWidget* padre)
     connect(m_ui->cmdSalva, &QPushButton::clicked, this, &frmModificaManifestazione::salva);
     connect(m_ui->cmdAnnulla, &QPushButton::clicked, this, &QWidget::close);
     aggiornaElenchi();
+    ricorda();
 }
 
 frmModificaManifestazione::~frmModificaManifestazione() = default;
@@ -52,9 +53,9 @@ void frmModificaManifestazione::aggiornaElenchi() {
         righe.last().celle.prepend(QString::number(prova.id));
     }
     m_ui->lstProve->riempi(righe);
-    m_ui->grpRag->setTitle(u"Raggruppamenti : %1"_s.arg(gruppi.size()));
-    m_ui->grpSqu->setTitle(u"Squadre : %1"_s.arg(squadre.size()));
-    m_ui->grpProve->setTitle(u"Prove : %1"_s.arg(prove.size()));
+    m_ui->grpRag->setTitle(u"&Raggruppamenti : %1"_s.arg(gruppi.size()));
+    m_ui->grpSqu->setTitle(u"S&quadre : %1"_s.arg(squadre.size()));
+    m_ui->grpProve->setTitle(u"Pro&ve : %1"_s.arg(prove.size()));
 }
 
 void frmModificaManifestazione::salva() {

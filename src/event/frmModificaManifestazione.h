@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Finestra.h"
 #include "event/ControlliManifestazione.h"
+#include "event/FinestraModifica.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class frmModificaManifestazione;
 
 // The active event: settings, saved by a button, and its groups, teams and tests, which their own windows
 // write at once.
-class frmModificaManifestazione final : public Finestra {
+class frmModificaManifestazione final : public FinestraModifica {
     Q_OBJECT
 
 public:

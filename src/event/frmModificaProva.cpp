@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 frmModificaProva::frmModificaProva(QWidget* padre)
-    : Finestra(padre), m_ui(std::make_unique<Ui::frmModificaProva>()) {
+    : FinestraModifica(padre), m_ui(std::make_unique<Ui::frmModificaProva>()) {
     m_ui->setupUi(this);
     m_ui->lblIDProva->hide();
     m_campi = new CampiProva(this);
@@ -39,6 +39,8 @@ void frmModificaProva::carica(int idPro) {
     m_nome = presente ? trovata->nom : QString();
     m_ui->cmdMod->setEnabled(presente);
     m_ui->cmdEli->setEnabled(presente);
+    chiudiPercorso(this, u"cboCon"_s, presente);
+    ricorda();
 }
 
 void frmModificaProva::aggiungi() {

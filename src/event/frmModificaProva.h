@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Finestra.h"
 #include "event/CampiEvento.h"
+#include "event/FinestraModifica.h"
 
 #include <memory>
 
@@ -10,7 +10,7 @@ class frmModificaProva;
 }
 
 // Adds, changes or deletes a test of the active event; each action goes to the archive at once.
-class frmModificaProva final : public Finestra {
+class frmModificaProva final : public FinestraModifica {
     Q_OBJECT
 
 public:

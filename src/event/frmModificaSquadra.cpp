@@ -1,6 +1,7 @@
 #include "event/frmModificaSquadra.h"
 
 #include "common/Public.h"
+#include "common/Subroutine.h"
 #include "event/CampiEvento.h"
 #include "ui_frmModificaSquadra.h"
 
@@ -9,9 +10,10 @@
 using namespace Qt::StringLiterals;
 
 frmModificaSquadra::frmModificaSquadra(QWidget* padre)
-    : Finestra(padre), m_ui(std::make_unique<Ui::frmModificaSquadra>()) {
+    : FinestraModifica(padre), m_ui(std::make_unique<Ui::frmModificaSquadra>()) {
     m_ui->setupUi(this);
     m_ui->lblIDSqu->hide();
+    limitaTesto(m_ui->txtNom);
     connect(m_ui->cmdAgg, &QPushButton::clicked, this, &frmModificaSquadra::aggiungi);
     connect(m_ui->cmdMod, &QPushButton::clicked, this, &frmModificaSquadra::modifica);
     connect(m_ui->cmdEli, &QPushButton::clicked, this, &frmModificaSquadra::elimina);
@@ -26,9 +28,11 @@ void frmModificaSquadra::carica(int idSqu) {
     const QList<Squadra> squadre = leggiSquadre(IDMan);
     const auto trovata = std::ranges::find(squadre, idSqu, &Squadra::id);
     const bool presente = trovata != squadre.cend();
-    m_ui->txtNom->setText(presente ? trovata->nom : QString());
+    mostraTesto(m_ui->txtNom, presente ? trovata->nom : QString());
     m_ui->cmdMod->setEnabled(presente);
     m_ui->cmdEli->setEnabled(presente);
+    chiudiPercorso(this, u"txtNom"_s, presente);
+    ricorda();
 }
 
 Squadra frmModificaSquadra::squadra() const {

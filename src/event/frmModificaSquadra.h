@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Finestra.h"
+#include "event/FinestraModifica.h"
 #include "event/Gruppi.h"
 
 #include <memory>
@@ -10,7 +10,7 @@ class frmModificaSquadra;
 }
 
 // Adds, changes or deletes a team of the active event; each action goes to the archive at once.
-class frmModificaSquadra final : public Finestra {
+class frmModificaSquadra final : public FinestraModifica {
     Q_OBJECT
 
 public:

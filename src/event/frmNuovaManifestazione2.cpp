@@ -17,7 +17,7 @@ frmNuovaManifestazione2::frmNuovaManifestazione2(QWidget* padre)
     });
     connect(m_ui->lstRag, &Elenco::aperto, this, &frmNuovaManifestazione2::carica);
     connect(m_ui->lstRag, &Elenco::cancellata, this, &frmNuovaManifestazione2::elimina);
-    connect(m_ui->lstRag, &Elenco::aggiunta, m_campi, &CampiGruppo::azzera);
+    connect(m_ui->lstRag, &Elenco::aggiunta, this, &frmNuovaManifestazione2::azzera);
     connect(m_ui->cmdIndietro, &QPushButton::clicked, this, [this] {
         if (m_campi->risolvi())
             Q_EMIT indietro();
@@ -38,7 +38,7 @@ void frmNuovaManifestazione2::aggiungi() {
         return;
     m_gruppi << gruppo;
     aggiornaElenco();
-    m_campi->azzera();
+    azzera();
 }
 
 void frmNuovaManifestazione2::modifica() {
@@ -55,7 +55,7 @@ void frmNuovaManifestazione2::modifica() {
         return;
     m_gruppi[riga] = gruppo;
     aggiornaElenco();
-    m_campi->azzera();
+    azzera();
 }
 
 void frmNuovaManifestazione2::elimina() {
@@ -66,7 +66,7 @@ void frmNuovaManifestazione2::elimina() {
     }
     m_gruppi.removeAt(riga);
     aggiornaElenco();
-    m_campi->azzera();
+    azzera();
 }
 
 void frmNuovaManifestazione2::carica() {
@@ -76,9 +76,16 @@ void frmNuovaManifestazione2::carica() {
         return;
     }
     m_campi->scrivi(m_gruppi[riga]);
+    m_ui->txtNom->setFocus(Qt::TabFocusReason);
+    chiudiPercorso(this, u"txtAAnn"_s, true);
+}
+
+void frmNuovaManifestazione2::azzera() {
+    m_campi->azzera();
+    chiudiPercorso(this, u"txtAAnn"_s, false);
 }
 
 void frmNuovaManifestazione2::aggiornaElenco() {
     riempiElenco(m_ui->lstRag, m_gruppi);
-    m_ui->lblNumero->setText(u"Raggruppamenti Inseriti : %1"_s.arg(m_gruppi.size()));
+    m_ui->lblNumero->setText(u"Raggruppamenti Inseri&ti : %1"_s.arg(m_gruppi.size()));
 }

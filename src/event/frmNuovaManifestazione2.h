@@ -26,6 +26,7 @@ private:
     void modifica();
     void elimina();
     void carica();
+    void azzera();
     void aggiornaElenco();
 
     std::unique_ptr<Ui::frmNuovaManifestazione2> m_ui;

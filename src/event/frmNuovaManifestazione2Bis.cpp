@@ -1,5 +1,6 @@
 #include "event/frmNuovaManifestazione2Bis.h"
 
+#include "common/Subroutine.h"
 #include "ui_frmNuovaManifestazione2Bis.h"
 
 using namespace Qt::StringLiterals;
@@ -7,6 +8,7 @@ using namespace Qt::StringLiterals;
 frmNuovaManifestazione2Bis::frmNuovaManifestazione2Bis(QWidget* padre)
     : PaginaGuidata(padre), m_ui(std::make_unique<Ui::frmNuovaManifestazione2Bis>()) {
     m_ui->setupUi(this);
+    limitaTesto(m_ui->txtNom);
     connect(m_ui->cmdAgg, &QPushButton::clicked, this, &frmNuovaManifestazione2Bis::aggiungi);
     connect(m_ui->cmdMod, &QPushButton::clicked, this, &frmNuovaManifestazione2Bis::modifica);
     connect(m_ui->cmdEli, &QPushButton::clicked, this, &frmNuovaManifestazione2Bis::elimina);
@@ -60,15 +62,18 @@ void frmNuovaManifestazione2Bis::carica() {
         avverti(u"Attenzione"_s, u"Selezionare una Squadra da Modificare"_s);
         return;
     }
-    m_ui->txtNom->setText(m_squadre[riga].nom);
+    mostraTesto(m_ui->txtNom, m_squadre[riga].nom);
+    m_ui->txtNom->setFocus(Qt::TabFocusReason);
+    chiudiPercorso(this, u"txtNom"_s, true);
 }
 
 void frmNuovaManifestazione2Bis::aggiornaElenco() {
     riempiElenco(m_ui->lstSqu, m_squadre);
-    m_ui->lblNumero->setText(u"Squadre Inserite : %1"_s.arg(m_squadre.size()));
+    m_ui->lblNumero->setText(u"Squadre Inseri&te : %1"_s.arg(m_squadre.size()));
 }
 
 void frmNuovaManifestazione2Bis::azzera() {
-    m_ui->txtNom->clear();
+    mostraTesto(m_ui->txtNom, {});
     m_ui->txtNom->setFocus();
+    chiudiPercorso(this, u"txtNom"_s, false);
 }

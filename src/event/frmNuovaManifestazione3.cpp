@@ -15,7 +15,7 @@ frmNuovaManifestazione3::frmNuovaManifestazione3(QWidget* padre)
     connect(m_ui->cmdUtility, &QPushButton::clicked, this, [this] { frmUtilityPMI(this).exec(); });
     connect(m_ui->lstProve, &Elenco::aperto, this, &frmNuovaManifestazione3::carica);
     connect(m_ui->lstProve, &Elenco::cancellata, this, &frmNuovaManifestazione3::elimina);
-    connect(m_ui->lstProve, &Elenco::aggiunta, this, [this] { m_campi->azzera(false); });
+    connect(m_ui->lstProve, &Elenco::aggiunta, this, [this] { azzera(false); });
     connect(m_ui->cmdIndietro, &QPushButton::clicked, this, [this] {
         if (m_campi->risolvi())
             Q_EMIT indietro();
@@ -46,7 +46,7 @@ void frmNuovaManifestazione3::aggiungi() {
     m_prove << prova;
     aggiornaElenco();
     m_ui->lstProve->scrollToBottom();
-    m_campi->azzera(false);
+    azzera(false);
 }
 
 void frmNuovaManifestazione3::modifica() {
@@ -62,7 +62,7 @@ void frmNuovaManifestazione3::modifica() {
         return;
     m_prove[riga] = prova;
     aggiornaElenco();
-    m_campi->azzera(false);
+    azzera(false);
 }
 
 void frmNuovaManifestazione3::elimina() {
@@ -73,7 +73,7 @@ void frmNuovaManifestazione3::elimina() {
     }
     m_prove.removeAt(riga);
     aggiornaElenco();
-    m_campi->azzera(true);
+    azzera(true);
 }
 
 void frmNuovaManifestazione3::carica() {
@@ -83,6 +83,13 @@ void frmNuovaManifestazione3::carica() {
         return;
     }
     m_campi->scrivi(m_prove[riga]);
+    m_ui->txtNom->setFocus(Qt::TabFocusReason);
+    chiudiPercorso(this, u"cboCon"_s, true);
+}
+
+void frmNuovaManifestazione3::azzera(bool ancheData) {
+    m_campi->azzera(ancheData);
+    chiudiPercorso(this, u"cboCon"_s, false);
 }
 
 void frmNuovaManifestazione3::prosegui() {
@@ -98,5 +105,5 @@ void frmNuovaManifestazione3::prosegui() {
 
 void frmNuovaManifestazione3::aggiornaElenco() {
     riempiElenco(m_ui->lstProve, m_prove);
-    m_ui->lblNumero->setText(u"Prove Inserite : %1"_s.arg(m_prove.size()));
+    m_ui->lblNumero->setText(u"Prove Inseri&te : %1"_s.arg(m_prove.size()));
 }

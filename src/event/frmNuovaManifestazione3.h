@@ -28,6 +28,7 @@ private:
     void modifica();
     void elimina();
     void carica();
+    void azzera(bool ancheData);
     void prosegui();
     void aggiornaElenco();
 

@@ -37,7 +37,7 @@ void frmNuovaManifestazione4::mostra(const NuovaManifestazione& nuova) {
     riempiElenco(m_ui->lstRag, nuova.gruppi);
     riempiElenco(m_ui->lstSqu, nuova.squadre);
     riempiElenco(m_ui->lstProve, nuova.prove);
-    m_ui->grpRag->setTitle(u"Raggruppamenti : %1"_s.arg(nuova.gruppi.size()));
-    m_ui->grpSqu->setTitle(u"Squadre : %1"_s.arg(nuova.squadre.size()));
-    m_ui->grpProve->setTitle(u"Prove : %1"_s.arg(nuova.prove.size()));
+    m_ui->grpRag->setTitle(u"&Raggruppamenti : %1"_s.arg(nuova.gruppi.size()));
+    m_ui->grpSqu->setTitle(u"&Squadre : %1"_s.arg(nuova.squadre.size()));
+    m_ui->grpProve->setTitle(u"&Prove : %1"_s.arg(nuova.prove.size()));
 }

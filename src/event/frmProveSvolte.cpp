@@ -12,12 +12,13 @@ constexpr int ColonnaIDPro = 2;
 }
 
 frmProveSvolte::frmProveSvolte(QWidget* padre)
-    : Finestra(padre), m_ui(std::make_unique<Ui::frmProveSvolte>()) {
+    : FinestraModifica(padre), m_ui(std::make_unique<Ui::frmProveSvolte>()) {
     m_ui->setupUi(this);
     m_ui->lstProve->hideColumn(ColonnaIDPro);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmProveSvolte::salva);
     connect(m_ui->cmdAnnulla, &QPushButton::clicked, this, &QWidget::close);
     carica();
+    ricorda();
 }
 
 frmProveSvolte::~frmProveSvolte() = default;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Finestra.h"
+#include "event/FinestraModifica.h"
 
 #include <memory>
 
@@ -9,7 +9,7 @@ class frmProveSvolte;
 }
 
 // Which tests of the active event have been run.
-class frmProveSvolte final : public Finestra {
+class frmProveSvolte final : public FinestraModifica {
     Q_OBJECT
 
 public:

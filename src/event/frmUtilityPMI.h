@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <optional>
+#include <QList>
 
 namespace Ui {
 class frmUtilityPMI;
@@ -21,6 +22,9 @@ public:
 
 private:
     void mostra(QLineEdit* campo, const std::optional<QString>& risultato);
+    void rifiuta(const QLineEdit* campo);
+    void scritto(QLineEdit* campo);
 
     std::unique_ptr<Ui::frmUtilityPMI> m_ui;
+    QList<QLineEdit*> m_campi;  // the one typed longest ago first
 };

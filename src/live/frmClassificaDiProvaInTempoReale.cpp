@@ -51,4 +51,5 @@ void frmClassificaDiProvaInTempoReale::riempi(const Catena& catena) {
         righe.last()->setToolTip(Veicolo, riga.veicolo);
     }
     m_ui->lstClas->addTopLevelItems(righe);
+    m_ui->lstClas->setCurrentItem(m_ui->lstClas->topLevelItem(0));
 }

@@ -68,7 +68,7 @@ frmOrologio::frmOrologio(QWidget* padre)
     connect(m_commTab.get(), &Porta::guasta, this, [this] { perduto(*m_commTab); });
     for (QButtonGroup* gruppo : {m_optCOMTAB, m_optCOMTAG})
         connect(gruppo, &QButtonGroup::idClicked, this, [this, gruppo](int n) { sceltaPorta(gruppo, n); });
-    connect(m_optFormato, &QButtonGroup::idClicked, this, &frmOrologio::sceltoFormato);
+    connect(m_optFormato, &QButtonGroup::idClicked, this, [this](int n) { m_orologio.impostaFormato(n); });
     connect(m_ui->cmdSynchro, &QPushButton::clicked, this, &frmOrologio::sincronizza);
     connect(m_ui->cmdAnnulla, &QPushButton::clicked, this, &frmOrologio::annulla);
     connect(m_ui->cmdEsci, &QPushButton::clicked, this, &QDialog::close);
@@ -82,7 +82,7 @@ void frmOrologio::ripristina() {
     seleziona(m_optCOMTAG, impostazioni.leggi(u"com"_s, u"TAGOrologio"_s, u"0"_s));
     m_ui->optFormato_1->setChecked(true);
     seleziona(m_optFormato, impostazioni.leggi(u"Formato"_s, u"FormatoOrologio"_s, u"1"_s));
-    m_orologio.impostaFormato(scelta(m_optFormato), 0);
+    m_orologio.impostaFormato(scelta(m_optFormato));
 }
 
 void frmOrologio::sceltaPorta(QButtonGroup* gruppo, int numero) {
@@ -98,12 +98,6 @@ void frmOrologio::sceltaPorta(QButtonGroup* gruppo, int numero) {
     }
 }
 
-void frmOrologio::sceltoFormato(int formato) {
-    m_orologio.impostaFormato(formato, m_tempo.nsecsElapsed());
-    if (m_inMoto)
-        m_tmrOrologio.start(m_orologio.alProssimo(m_tempo.nsecsElapsed()));
-}
-
 void frmOrologio::sincronizza() {
     const int tabellone = scelta(m_optCOMTAB);
     const int cronometro = scelta(m_optCOMTAG);
@@ -112,17 +106,19 @@ void frmOrologio::sincronizza() {
                 u"Specificare le Porte di Comunicazione\ndel Tabellone e del Cronometro TAG"_s);
         return;
     }
-    // A clock that runs goes on, where its port is the same, until the new time comes.
+    // A clock that runs goes on, where its port is the same, until the new time comes. One line for both is
+    // the chronometer's until then: the scoreboard stays dark.
+    const bool unaLinea = tabellone == cronometro;
     if (m_commTab->aperta() && m_commTab->numero() != tabellone)
         chiudiTabellone();
+    if (unaLinea)
+        spegniTabellone();
     m_sincronismo = {};
-    if (!apri(*m_commTag, cronometro))
-        return;
-    if (!apri(*m_commTab, tabellone)) {
-        m_commTag->chiudi();
-        return;
+    if (apri(*m_commTag, cronometro) && (unaLinea || apri(*m_commTab, tabellone))) {
+        mostraAttesa(true);
+    } else {
+        annulla();
     }
-    mostraAttesa(true);
 }
 
 bool frmOrologio::apri(Porta& porta, int numero) {
@@ -137,9 +133,9 @@ bool frmOrologio::apri(Porta& porta, int numero) {
 
 void frmOrologio::annulla() {
     m_commTag->chiudi();
-    if (!m_inMoto)
-        chiudiTabellone();
     mostraAttesa(false);
+    if (!m_inMoto || !apri(*m_commTab, m_commTab->numero()))
+        chiudiTabellone();
 }
 
 void frmOrologio::ricevutoDalCronometro() {
@@ -148,9 +144,13 @@ void frmOrologio::ricevutoDalCronometro() {
         return;
     m_orologio.sincronizza(*ora, m_tempo.nsecsElapsed());
     m_inMoto = true;
-    m_tmrOrologio.start(m_orologio.alProssimo(m_tempo.nsecsElapsed()));
     m_commTag->chiudi();
     mostraAttesa(false);
+    if (apri(*m_commTab, scelta(m_optCOMTAB))) {
+        m_tmrOrologio.start(m_orologio.alProssimo(m_tempo.nsecsElapsed()));
+    } else {
+        chiudiTabellone();
+    }
 }
 
 void frmOrologio::batti() {
@@ -162,17 +162,17 @@ void frmOrologio::batti() {
 
 void frmOrologio::perduto(Porta& porta) {
     // Without the scoreboard there is no clock; without the chronometer, no new time for it.
-    if (&porta == m_commTab.get())
+    if (&porta == m_commTab.get() || porta.numero() == m_commTab->numero())
         fermaOrologio();
     annulla();
     avvisaGuastoPorta(porta.guasto());
 }
 
 void frmOrologio::mostraAttesa(bool attesa) {
-    m_ui->frmAttesaSynchro->setVisible(attesa);
     m_ui->cmdSynchro->setEnabled(!attesa);
     for (QWidget* riquadro : {m_ui->fraCOMTAB, m_ui->fraCOMTAG})
         riquadro->setEnabled(!attesa);
+    m_ui->frmAttesaSynchro->setVisible(attesa);
     if (attesa)
         m_ui->cmdAnnulla->setFocus();
 }
@@ -184,6 +184,10 @@ void frmOrologio::fermaOrologio() {
 
 void frmOrologio::chiudiTabellone() {
     fermaOrologio();
+    spegniTabellone();
+}
+
+void frmOrologio::spegniTabellone() {
     if (!m_commTab->aperta())
         return;
     AzzeraTabellone(*m_commTab);

@@ -29,7 +29,6 @@ public:
 private:
     void ripristina();
     void sceltaPorta(QButtonGroup* gruppo, int numero);
-    void sceltoFormato(int formato);
     void sincronizza();
     bool apri(Porta& porta, int numero);
     void annulla();
@@ -38,7 +37,8 @@ private:
     void perduto(Porta& porta);
     void mostraAttesa(bool attesa);
     void fermaOrologio();
-    void chiudiTabellone();
+    void chiudiTabellone();  // and the clock stops
+    void spegniTabellone();  // dark, its port closed
 
     std::unique_ptr<Ui::frmOrologio> m_ui;
     QButtonGroup* m_optCOMTAB;

@@ -6,6 +6,7 @@
 #include "ui_frmRXONLINE.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +52,7 @@ frmRXONLINE::frmRXONLINE(const ParametriOnLine& parametri, const QString& equipa
     }
     m_timer1.setTimerType(Qt::PreciseTimer);
     m_timer1.setInterval(OgniCentesimo);
+    m_attesa.setTimerType(Qt::PreciseTimer);
     m_attesa.setSingleShot(true);
     connect(&m_timer1, &QTimer::timeout, this, &frmRXONLINE::mostraCronometro);
     connect(&m_attesa, &QTimer::timeout, this, [this] { esegui(m_ricezione.attesaFinita()); });
@@ -78,6 +80,13 @@ void frmRXONLINE::done(int esito) {
     mostraCronometro();
     m_porta->chiudi();
     Finestra::done(esito);
+}
+
+void frmRXONLINE::keyPressEvent(QKeyEvent* evento) {
+    // With a car in test only the button, or the close box, stops the run.
+    if (evento->matches(QKeySequence::Cancel) && m_ricezione.stato() == RicezioneOnLine::Stato::InProva)
+        return;
+    Finestra::keyPressEvent(evento);
 }
 
 void frmRXONLINE::ricevi() {

@@ -31,6 +31,7 @@ public:
 protected:
     // A wait ends by itself; until then the window stays.
     bool puoChiudere() override { return !m_ricezione.attende(); }
+    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void ricevi();

@@ -60,6 +60,7 @@ frmRicezioneONLINE::frmRicezioneONLINE(const Catena& catena, QWidget* padre)
     : Finestra(padre), m_ui(std::make_unique<Ui::frmRicezioneONLINE>()), m_catena(catena) {
     m_ui->setupUi(this);
     m_ui->divisore->setSizes({400, 780});
+    m_ui->lblRilevamenti->setBuddy(m_ui->griglia->focusProxy());
     QStringList nomi;
     for (const ProvaCronometrata& prova : catena)
         nomi << prova.nom + u' ' + prova.tem;

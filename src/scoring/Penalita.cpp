@@ -28,6 +28,15 @@ private:
     Calcolo m_calcolo;
 };
 
+// For a failure that came before the crew was read; a crew that is not there has no names.
+void leggiNomi(int num, QString& cog, QString& cogNav) {
+    Statement riga(u"SELECT Cog,CogNav FROM Equipaggi WHERE Num=? AND IDMan_FK=?"_s);
+    if (riga.esegui({num, IDMan}).prossima()) {
+        cog = riga.testo(0);
+        cogNav = riga.testo(1);
+    }
+}
+
 using Somma = double (Calcolo::*)(const EquipaggioCalcolo&, bool&) const;
 
 // A sum over one crew; whatever stops it is told to the operator with the crew's names.
@@ -46,6 +55,7 @@ double sommaConAvviso(int num, const SelezioneCalcolo& selezione, Somma somma) {
         valore = (calcolo.*somma)(equipaggio, errore);
     } catch (const Errore&) {
         errore = true;
+        leggiNomi(num, cog, cogNav);
     }
     if (errore)
         avvisaErrorePenalita(num, cog, cogNav);

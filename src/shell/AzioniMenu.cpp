@@ -1,6 +1,7 @@
 #include "shell/AzioniMenu.h"
 
 #include "archive/DataBase.h"
+#include "common/Dialoghi.h"
 #include "common/Subroutine.h"
 #include "download/frmRicezioneOFFLINE.h"
 #include "entries/frmModuloIscrizioni.h"
@@ -137,4 +138,13 @@ const QHash<QString, AzioneMenu>& azioni() {
 
 AzioneMenu azioneMenu(const QString& nome) {
     return azioni().value(nome);
+}
+
+bool domandaPrima(const QString& nome) {
+    if (nome != u"mnuRiorganizzaArchivi")
+        return true;
+    return Dialoghi::corrente().domanda(u"Riorganizzazione Archivi"_s,
+                                        u"La Riorganizzazione Può Impiegare Diverso Tempo.\n"
+                                        "Confermare l'Operazione ?"_s,
+                                        Icona::Domanda);
 }

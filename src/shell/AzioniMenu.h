@@ -9,3 +9,6 @@ class frmMain;
 // yet.
 using AzioneMenu = std::function<void(frmMain&)>;
 AzioneMenu azioneMenu(const QString& nome);
+
+// What an entry asks after its guard and before its action; false when the operator thought better of it.
+bool domandaPrima(const QString& nome);

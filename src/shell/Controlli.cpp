@@ -12,7 +12,8 @@ namespace {
 
 constexpr int Prezzi = 1;
 constexpr int Prove = 2;
-constexpr int Equipaggi = 4;
+constexpr int Svolte = 4;
+constexpr int Equipaggi = 8;
 
 struct Definizione {
     Controllo controllo;
@@ -44,6 +45,7 @@ constexpr Definizione Definizioni[] = {
     {Controllo::ImportazioneIscrizioni, u"Impossibile Accedere All'Iportazione"},
     {Controllo::Classifica, u"Impossibile Generare la Classsifica"},
     {Controllo::Pubblicazione, u"Impossibile Pubblicare la Manifestazione"},
+    {Controllo::InvioSMS, u"Impossibile Accedere All'Invio degli SMS", Svolte | Equipaggi},
 };
 
 struct TestDati {
@@ -56,6 +58,8 @@ struct TestDati {
 constexpr TestDati TestSuiDati[] = {
     {Prezzi, "SELECT 1 FROM Prezzi WHERE IDMan_FK=?", u"Nessun Prezzo di Iscrizione Inserito"},
     {Prove, "SELECT 1 FROM Prove WHERE IDMan_FK=?", u"Nessuna Prova Inserita per la Manifestazione Corrente"},
+    {Svolte, "SELECT 1 FROM Prove WHERE Svo<>0 AND IDMan_FK=?",
+     u"Nessuna Prova Svolta per la Manifestazione Corrente"},
     {Equipaggi, "SELECT 1 FROM Equipaggi WHERE IDMan_FK=?",
      u"Nessun Equipaggio Iscritto alla Manifestazione Corrente"},
 };

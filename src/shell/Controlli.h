@@ -3,7 +3,8 @@
 #include <QString>
 
 // The guards that stand before the menu entries: an event is active and, where the entry needs them, it has
-// fee items, tests, crews. They test in that order, stop at the first failure and show it in a box.
+// fee items, tests, run tests, crews. They test in that order, stop at the first failure and show it in a
+// box.
 enum class Controllo {
     Nessuno,
     Modifica,
@@ -24,6 +25,7 @@ enum class Controllo {
     ImportazioneIscrizioni,
     Classifica,
     Pubblicazione,
+    InvioSMS,
 };
 
 // True when the entry may open; otherwise the box has been shown.

@@ -14,5 +14,5 @@ struct VoceMenu {
 
 std::span<const VoceMenu> vociMenu();
 
-// Entries whose window does not exist yet: they pass their guard and then say so.
+// Entries whose window does not exist yet: they pass their guard and their question, and then say so.
 bool nonAncoraDisponibile(QStringView nome);

@@ -2,30 +2,15 @@
 
 #include "archive/ErroreArchivio.h"
 #include "common/Subroutine.h"
+#include "shell/ScaricoHttp.h"
 
-#include <memory>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSaveFile>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int MassimoRinvii = 3;
-constexpr int Trovato = 200;  // the one HTTP status that brings the file
-
-QNetworkRequest richiesta(const QUrl& indirizzo) {
-    QNetworkRequest richiesta(indirizzo);
-    richiesta.setMaximumRedirectsAllowed(MassimoRinvii);
-    richiesta.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                           QNetworkRequest::NoLessSafeRedirectPolicy);
-    richiesta.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    return richiesta;
-}
 
 void scrivi(const QString& percorso, const QByteArray& dati) {
     QSaveFile file(percorso);
@@ -43,7 +28,7 @@ public:
         m_finestra.setWindowTitle(u"Aggiornamento Software"_s);
         m_finestra.setAutoReset(false);
         // A second Enter from the menu must not give up the wait it has just begun.
-        auto* annulla = new QPushButton(u"Annulla"_s);
+        auto* annulla = new QPushButton(u"&Annulla"_s);
         annulla->setAutoDefault(false);
         m_finestra.setCancelButton(annulla);
     }
@@ -51,10 +36,10 @@ public:
     ~AvvisoAttesa() = default;
 
     // Until the answer is over; false when the operator gave up.
-    bool attendi(const QNetworkReply& risposta) {
+    bool attendi(const ScaricoHttp& scarico) {
         QObject::connect(&m_finestra, &QProgressDialog::canceled, &m_finestra, &QDialog::reject);
-        QObject::connect(&risposta, &QNetworkReply::finished, &m_finestra, &QDialog::accept);
-        return risposta.isFinished() || m_finestra.exec() == QDialog::Accepted;
+        QObject::connect(&scarico, &ScaricoHttp::concluso, &m_finestra, &QDialog::accept);
+        return scarico.finito() || m_finestra.exec() == QDialog::Accepted;
     }
 
 private:
@@ -70,25 +55,14 @@ QUrl indirizzoVersione() {
 EsitoScarico scaricaVersione(const QUrl& indirizzo, const QString& percorso, QWidget* padre) {
     const CursoreAttesa cursore;
     AvvisoAttesa avviso(padre);
-    QNetworkAccessManager rete;
-    QByteArray dati;
-    const std::unique_ptr<QNetworkReply> risposta(rete.get(richiesta(indirizzo)));
-    const auto raccogli = [&] {
-        dati += risposta->readAll();
-        if (dati.size() > MassimoScarico)
-            risposta->abort();
-    };
-    QObject::connect(risposta.get(), &QNetworkReply::readyRead, risposta.get(), raccogli);
-    QTimer scadenza;
-    scadenza.setSingleShot(true);
-    QObject::connect(&scadenza, &QTimer::timeout, risposta.get(), &QNetworkReply::abort);
-    scadenza.start(AttesaScarico);
-    if (!avviso.attendi(*risposta))
+    ScaricoHttp scarico;
+    scarico.avvia(indirizzo, MassimoScarico, AttesaScarico);
+    if (!avviso.attendi(scarico))
         return EsitoScarico::Annullato;
-    const int stato = risposta->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (risposta->error() != QNetworkReply::NoError || stato != Trovato || dati.size() > MassimoScarico)
+    const std::optional<QByteArray> file = scarico.file();
+    if (!file)
         return EsitoScarico::Fallito;
-    scrivi(percorso, dati);
+    scrivi(percorso, *file);
     return EsitoScarico::Riuscito;
 }
 

@@ -37,9 +37,11 @@ private:
     void creaMenu();
     QAction* creaVoce(const VoceMenu& voce);
     void eseguiVoce(const VoceMenu& voce);
-    void aggiornaPannello();
+    void apriVoce(const VoceMenu& voce);
+    bool aggiornaPannello();
 
     std::unique_ptr<Ui::frmMain> m_ui;
     QLabel* m_versione = nullptr;
     bool m_pannelloGuasto = false;
+    bool m_uscita = false;
 };

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void portaDelTabellone();
     void nonSiRiapre();
     void gestoreCheFerma();
+    void attesaPrecisa();
 };
 
 void tst_Protocolli::sommaDiControllo() {
@@ -36,10 +37,10 @@ void tst_Protocolli::sommaDiControllo() {
 
 void tst_Protocolli::manche_data() {
     QTest::addColumn<QString>("letta");  // Null: not accepted
-    for (const auto& [scritta, letta] : {std::pair{"1", "1"}, {"99", "99"}, {"07", "07"}, {" 7 ", "7"}})
+    for (const auto& [scritta, letta] : {std::pair{"1", "1"}, {"99", "99"}, {"07", "07"}, {" 7 ", " 7 "}})
         QTest::newRow(scritta) << QString(letta);
     for (const char* errata : {"", " ", "0", "00", "100", "-1", "+1", "7,5", "7.5", "1e1", "sette", "7 7",
-                               "99999999999999999999", "٧"})
+                               "7\t", "99999999999999999999", "٧"})
         QTest::newRow(errata) << QString();
 }
 
@@ -148,6 +149,22 @@ void tst_Protocolli::gestoreCheFerma() {
     fabbrica.ultima()->arriva(frameAccettato() + "H1\r\nH2\r\n" + frameFine("7"));
     QCOMPARE(finiti, 0);
     QCOMPARE(scaricamento->stato(), Conversazione::Stato::Ferma);
+}
+
+// Three seconds are three seconds, and what has come by then, though nobody has told it yet, is not lost.
+void tst_Protocolli::attesaPrecisa() {
+    AtteseLinea.silenzioCP520 = 20;
+    FabbricaDiProva fabbrica;
+    Scaricamento scaricamento;
+    QByteArray flusso;
+    connect(&scaricamento, &Scaricamento::finito, this, [&](const QByteArray& dati) { flusso = dati; });
+    QVERIFY(scaricamento.inizia(Dispositivo::CP520, 1));
+    fabbrica.ultima()->arriva("in time,");
+    QCOMPARE(scaricamento.findChild<QTimer*>()->timerType(), Qt::PreciseTimer);
+    fabbrica.ultima()->blockSignals(true);
+    fabbrica.ultima()->arriva(" and at the last moment");
+    QTRY_COMPARE(flusso, "in time, and at the last moment");
+    AtteseLinea = {};
 }
 
 QTEST_GUILESS_MAIN(tst_Protocolli)

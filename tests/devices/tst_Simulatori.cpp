@@ -5,7 +5,9 @@
 #include "simulatori/SimulatoreTag.h"
 #include "supporto/ProgrammaDiProva.h"
 
+#include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -18,9 +20,19 @@ private Q_SLOTS:
     void cleanup() { m_programma.reset(); }
     void programmaTag();
     void programmaTabellone();
+    void corsa_data();
+    void corsa();
+    void scarichi();
+    void guasti();
+    void rigaDiComando_data();
+    void rigaDiComando();
 
 private:
     QString copione(const QString& righe) const;
+    // One of those that stand beside the simulators, without its pauses.
+    [[nodiscard]] QString pronto(const QString& nome) const;
+    // What a download from port 6 brings; heat 1 on the TAG CP540.
+    static QStringList scarica(Dispositivo dispositivo);
     std::unique_ptr<ProgrammaDiProva> m_programma;
 };
 
@@ -59,6 +71,26 @@ QString tst_Simulatori::copione(const QString& testo) const {
     return file.fileName();
 }
 
+QString tst_Simulatori::pronto(const QString& nome) const {
+    static const QRegularExpression pausa("attendi \\d+");
+    QFile file(QString(COPIONI "/%1.txt").arg(nome));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+    return copione(QString::fromUtf8(file.readAll()).replace(pausa, "attendi 1"));
+}
+
+QStringList tst_Simulatori::scarica(Dispositivo dispositivo) {
+    Scaricamento scaricamento;
+    QStringList esito;
+    connect(&scaricamento, &Scaricamento::mancheRichiesta, [&] { scaricamento.manche("1"); });
+    connect(&scaricamento, &Scaricamento::nessunaRisposta, [&] { esito << "no answer"; });
+    connect(&scaricamento, &Scaricamento::finito,
+            [&](const QByteArray& flusso) { esito = righe(leggiRecord(dispositivo, flusso)); });
+    if (!scaricamento.inizia(dispositivo, 6) || !QTest::qWaitFor([&] { return !esito.isEmpty(); }, Attesa))
+        return {"nothing"};
+    return esito;
+}
+
 void tst_Simulatori::programmaTag() {
     const QString testo =
         "# una manche, poi una corsa\n"
@@ -78,7 +110,7 @@ void tst_Simulatori::programmaTag() {
     scaricamento.manche("3");
     QTRY_COMPARE_WITH_TIMEOUT(finito.size(), 1, Attesa);
     QCOMPARE(righe(leggiRecord(Dispositivo::CP540, finito[0][0].toByteArray())),
-             QStringList({"5 09:00:00:50", "0 09:00:01:00", "6 00:00:00:00"}));
+             QStringList({"5 09:00:00:50", "0 09:00:01:00", "6 :::"}));
 
     const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
     porta->impostaNumero(6);
@@ -101,19 +133,137 @@ void tst_Simulatori::programmaTag() {
 }
 
 void tst_Simulatori::programmaTabellone() {
-    Processo tabellone(
-        SIMULATORE_TABELLONE,
-        {"--programma", PercorsoApp, "--com", "2",
-         copione("attendi testo \"PAR  7\"\nattendi testo \"  62.34\"\nattendi chiusura\nfine\n")});
+    Processo tabellone(SIMULATORE_TABELLONE, {"--programma", PercorsoApp, "--com", "2", pronto("tabellone")});
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com2"), Attesa);
     const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Tabellone);
     porta->impostaNumero(2);
     QVERIFY(AzzeraTabellone(*porta));
-    QVERIFY(InviaTabellone(*porta, tabellonePronto(7)));
-    QVERIFY(InviaTabellone(*porta, tabelloneParziale(6234, "CEN")));
+    for (const QString& testo :
+         {tabellonePronto(1), tabellonePartito(1), tabelloneParziale(2501, "CEN"),
+          tabelloneParziale(1785, "CEN"), tabelloneParziale(1190, "CEN"), tabellonePenalita("26")})
+        QVERIFY(InviaTabellone(*porta, testo));
     QTRY_VERIFY_WITH_TIMEOUT(tabellone.finito(), Attesa);
     QCOMPARE(tabellone.exitCode(), 0);
-    QCOMPARE(tabellone.readAllStandardOutput(), "[      ]\n[PAr  7]\n[  62.34]\n");
+    QCOMPARE(tabellone.readAllStandardOutput(),
+             "[      ]\n[PAr  1]\n[IN   1]\n[  25.01]\n[  17.85]\n[  11.90]\n[P   26]\n");
+}
+
+void tst_Simulatori::corsa_data() {
+    QTest::addColumn<QString>("nome");
+    QTest::addColumn<Dispositivo>("dispositivo");
+    QTest::newRow("CP520") << "CP520" << Dispositivo::CP520;
+    QTest::newRow("CP540") << "CP540" << Dispositivo::CP540;
+}
+
+void tst_Simulatori::corsa() {
+    QFETCH(QString, nome);
+    QFETCH(Dispositivo, dispositivo);
+    Processo tag(SIMULATORE_TAG,
+                 {"--dispositivo=" + nome, "--programma", PercorsoApp, "--com=6", pronto("corsa")});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
+    QByteArray detto;
+    for (const int ultimo : {5476, 5474, 5506}) {
+        const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
+        porta->impostaNumero(6);
+        RicevitoreFrame ricevitore(dispositivo);
+        QList<FrameOnLine> frame;
+        connect(porta.get(), &Porta::ricevuto, this,
+                [&] { frame << ricevitore.aggiungi(porta->leggiTutto()); });
+        QVERIFY(porta->apri());
+        QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
+        QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
+        QCOMPARE(tempoTrascorso(dispositivo, frame[3].record), ultimo);
+        porta->chiudi();
+        QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"), Attesa);
+        detto.clear();
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
+    QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
+}
+
+void tst_Simulatori::scarichi() {
+    AtteseLinea.silenzioCP520 = 300;
+    for (const auto& [nome, dispositivo, tanti, ultimo] :
+         {std::tuple{"scarico-cp520", Dispositivo::CP520, 8, "8 15:17:00:00"},
+          std::tuple{"scarico-cp540", Dispositivo::CP540, 16, "8 15:43:01:00"}}) {
+        Processo tag(SIMULATORE_TAG, {"--dispositivo", QString(nome).right(5), "--programma", PercorsoApp,
+                                      "--com", "6", pronto(nome)});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
+        const QStringList record = scarica(dispositivo);
+        QCOMPARE(record.size(), tanti);
+        QCOMPARE(record.last(), ultimo);
+        tag.write("\n");
+        QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
+        QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
+    }
+    AtteseLinea = {};
+}
+
+void tst_Simulatori::guasti() {
+    AtteseLinea.rispostaCP540 = 300;
+    Processo tag(SIMULATORE_TAG, {"--programma", PercorsoApp, "--com", "6", pronto("guasti-cp540")});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
+    QCOMPARE(scarica(Dispositivo::CP540), QStringList("no answer"));
+    for (const bool staccata : {false, false, true}) {
+        tag.write("\n");
+        AtteseLinea.rispostaCP540 = staccata ? 60000 : 300;
+        Scaricamento scaricamento;
+        const QSignalSpy dati(&scaricamento, &Scaricamento::datiInArrivo);
+        const QSignalSpy guasta(&scaricamento, &Scaricamento::guasta);
+        connect(&scaricamento, &Scaricamento::mancheRichiesta, [&] { scaricamento.manche("1"); });
+        // The simulator may not have seen the key yet.
+        connect(&scaricamento, &Scaricamento::nessunaRisposta,
+                [&] { scaricamento.inizia(Dispositivo::CP540, 6); });
+        QVERIFY(scaricamento.inizia(Dispositivo::CP540, 6));
+        QTRY_COMPARE_WITH_TIMEOUT(dati.size(), 1, Attesa);
+        if (staccata)
+            tag.write("\n");
+        QTRY_COMPARE_WITH_TIMEOUT(guasta.size(), staccata ? 1 : 0, Attesa);
+        QCOMPARE(scaricamento.stato(),
+                 staccata ? Conversazione::Stato::Ferma : Conversazione::Stato::Ricezione);
+    }
+    tag.write("\n");
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
+    QCOMPARE(scarica(Dispositivo::CP540), QStringList({"1 15:24:14:00", "1 15:36:14:00", "2 15:24:52:00"}));
+    tag.write("\n");
+    QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
+    QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
+}
+
+void tst_Simulatori::rigaDiComando_data() {
+    QTest::addColumn<QString>("programma");
+    QTest::addColumn<QString>("argomenti");
+    QTest::addColumn<QString>("detto");  // with the exit code before it
+    const auto riga = [](const char* programma, const char* argomenti, const char* detto) {
+        QTest::addRow("%s %s", QFileInfo(programma).fileName().toUtf8().constData(), argomenti)
+            << programma << argomenti << detto;
+    };
+    riga(SIMULATORE_TAG, "--help", "0 Fa la parte di un cronometro");
+    riga(SIMULATORE_TAG, "--velocita 3", "2 opzione sconosciuta: --velocita\n");
+    riga(SIMULATORE_TAG, "--com 10", "2 --com: un numero da 1 a 9\n");
+    riga(SIMULATORE_TAG, "--com", "2 all'opzione --com manca il valore\n");
+    riga(SIMULATORE_TAG, "--dispositivo CP550", "2 --dispositivo: CP520 oppure CP540\n");
+    riga(SIMULATORE_TAG, "a.txt b.txt", "2 argomento di troppo: b.txt\n");
+    riga(SIMULATORE_TAG, "--programma /nessuna", "2 La cartella /nessuna non c'è");
+    riga(SIMULATORE_TABELLONE, "-h", "0 Mostra sul terminale");
+    riga(SIMULATORE_TABELLONE, "--dispositivo CP520", "2 opzione sconosciuta: --dispositivo\n");
+    riga(CREA_ESEMPIO, "--help", "0 Crea un archivio");
+    riga(CREA_ESEMPIO, "una", "2 mancano degli argomenti\n");
+    riga(CREA_ESEMPIO, "--attiva=no una altra", "2 l'opzione --attiva non vuole un valore\n");
+    riga(PROVA, "--help", "0 Prova il programma");
+    riga(PROVA, "", "2 mancano degli argomenti\n");
+    riga(PROVA, "/nessuna /tmp", "2 nella cartella /nessuna non c'è un archivio\n");
+}
+
+void tst_Simulatori::rigaDiComando() {
+    QFETCH(QString, programma);
+    QFETCH(QString, argomenti);
+    QFETCH(QString, detto);
+    Processo processo(programma, argomenti.split(' ', Qt::SkipEmptyParts));
+    QVERIFY(processo.waitForFinished(Attesa));
+    const QString uscita = QString::fromUtf8(processo.exitCode() == 0 ? processo.readAllStandardOutput()
+                                                                      : processo.readAllStandardError());
+    QVERIFY2(QString("%1 %2").arg(processo.exitCode()).arg(uscita).startsWith(detto), qPrintable(uscita));
 }
 
 QTEST_GUILESS_MAIN(tst_Simulatori)

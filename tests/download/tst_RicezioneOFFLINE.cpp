@@ -150,7 +150,7 @@ void tst_RicezioneOFFLINE::scarico540() {
     }
     dialoghi().attendiChiedi(titolo, testo, "12");
     dialoghi().attendiMessaggio("Impossibile Ricevere i Tempi", "Numero di Manche Errato");
-    dialoghi().attendiChiedi(titolo, testo, "7");
+    dialoghi().attendiChiedi(titolo, testo, " 7");  // goes out as typed
     attendiRicevuti(1, 3);
     banco.premi("cmdIniziaRicezione");
     QTRY_VERIFY(banco.ferma());
@@ -160,7 +160,7 @@ void tst_RicezioneOFFLINE::scarico540() {
                                           "ELABORAZIONE \nTERMINATA\nRicevuti 1 Rilevamenti Validi\n"
                                           "Su 3 Tempi Previsti da Ricevere"}));
     QVERIFY(dialoghi().finite());
-    QCOMPARE(tag.comandi(), QList<QByteArray>({"#ID\t", "#DL_12\t", "#DL_7\t"}));
+    QCOMPARE(tag.comandi(), QList<QByteArray>({"#ID\t", "#DL_12\t", "#DL_ 7\t"}));
     QCOMPARE(banco.griglia("grTempi"), QStringList({"2/ROSSI BIANCHI/Arrivo//14:30:00:00"}));
     QCOMPARE(banco.griglia("grScartati"), QStringList({"5/14:30:16:00/Equipaggio NON Iscritto"}));
     // What was received and not saved goes with the window: Esc asks first, the button does not. Where it

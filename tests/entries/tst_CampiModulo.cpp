@@ -75,6 +75,13 @@ void tst_CampiModulo::gruppoAutomatico() {
         QCOMPARE(leggiValore("SELECT IDGru_FK FROM Equipaggi WHERE Num=?", {QString(anno)})->toInt(), atteso);
         clic("cmdNuovo");
     }
+    // Passing by a year that nobody changed chooses no other group.
+    esegui("UPDATE Equipaggi SET Ann=1970,IDGru_FK=(SELECT max(IDGru) FROM Raggruppamenti) WHERE Num=1965");
+    clic("cmdAnnulla");
+    clicRiga(1);
+    box("txtAnn")->setFocus();
+    QTest::keyClick(box("txtAnn"), Qt::Key_Tab);
+    confronta("txtNum=1965;txtAnn=1970;cboGruppo=Modern");
 }
 
 void tst_CampiModulo::date() {

@@ -99,7 +99,7 @@ void tst_ModuloIscrizioni::soloTastiera() {
     // On a button Enter moves on too.
     trova<QPushButton>("cmdSalva")->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QCOMPARE(QApplication::focusWidget(), trova<QPushButton>("cmdAnnulla"));
+    QCOMPARE(QApplication::focusWidget(), trova<QPushButton>("cmdRic"));
     QVERIFY(inserimento());
 }
 
@@ -113,8 +113,19 @@ void tst_ModuloIscrizioni::mostra() {
     confronta(
         "cboGruppo=Classic;cboSquadra=Rossa;cboSes=M;cboSesNav=;txtDatNas=01/02/1950;"
         "txtScaPat=__/__/____;chkEsc=SI");
-    // Looking at a crew changes nothing of what the archive holds in another form.
+    // Looking at a crew changes nothing, neither what the archive holds in another form nor by type-ahead:
+    // not with the keys that move, nor when a letter is let go over the next crew.
+    nuovoEquipaggio(2, {{"Mar", "Lancia"}});
+    const int scritte = leggiValore("SELECT total_changes()")->toInt();
+    apri();
+    box("txtMar")->setFocus();
+    for (const Qt::Key tasto : {Qt::Key_End, Qt::Key_Left, Qt::Key_Home, Qt::Key_End})
+        QTest::keyClick(box("txtMar"), tasto);
+    QTest::keyClick(box("txtMar"), Qt::Key_PageDown, Qt::ControlModifier);
+    QTest::keyRelease(box("txtMar"), Qt::Key_L);
+    confronta("txtNum=2;txtMar=Lancia");
     clic("cmdEsci");
+    QCOMPARE(leggiValore("SELECT total_changes()")->toInt(), scritte);
     QCOMPARE(contaRighe("Equipaggi", "CAP='D-80331' AND Cil=1298.5 AND SesNav='x' AND DatNas='1950-02-01'"),
              1);
 }
@@ -162,7 +173,8 @@ void tst_ModuloIscrizioni::nonSiLascia() {
             QVERIFY2(m_finestra->isVisible() && !inserimento() && rigaScelta() == 1, uscita);
             QCOMPARE(testo(caso.campo), QString(caso.valore));
             QCOMPARE(testo("txtTes"), caso.testo ? "T5" : "T9");
-            QCOMPARE(QApplication::focusWidget() == box("txtAnn"), caso.titolo == AnnoErrato);
+            QCOMPARE(QApplication::focusWidget(), box(caso.campo));
+            QCOMPARE(box(caso.campo)->selectedText(), QString(caso.testo ? caso.valore : ""));
             QCOMPARE(contaRighe("Equipaggi", "Num=12 AND Ann=1935 AND Tes IS NULL"), 1);
         }
         if (caso.testo)
@@ -194,6 +206,10 @@ void tst_ModuloIscrizioni::elenco() {
     QTest::keyClick(lista(), Qt::Key_Down);
     QTRY_COMPARE(testo("txtCog"), QString("BRUNI"));
     QTest::keyClick(lista(), Qt::Key_End);
+    QTRY_COMPARE(testo("txtCog"), QString("ABATE"));
+    QTest::keyClicks(lista(), "12");  // finds the race number
+    QTRY_COMPARE(testo("txtCog"), QString("BRUNI"));
+    QTest::keyClick(lista(), Qt::Key_Down);
     QTRY_COMPARE(testo("txtCog"), QString("ABATE"));
     // A refusal takes the list back to the crew on show.
     box("txtNum")->clear();
@@ -283,6 +299,7 @@ void tst_ModuloIscrizioni::discoPieno() {
     leggiValore(QString("PRAGMA max_page_count=%1").arg(pagine));
     scrivi("txtNum", "8");
     scrivi("txtCog", "Neri");
+    box("txtNot")->setMaxLength(30000);
     box("txtNot")->setText(QString(30000, 'x'));
     m_programma->dialoghi.attendiMessaggio("Velmora", {}, Icona::Stop);
     clic("cmdSalva");

@@ -86,7 +86,8 @@ inline QString contenuto(QWidget* finestra, const QString& nome) {
     const auto* quale = controllo<QWidget>(finestra, nome);
     if (const auto* pulsante = qobject_cast<const QAbstractButton*>(quale))
         return pulsante->isChecked() ? "SI" : "NO";
-    return quale->property(quale->inherits("QComboBox") ? "currentText" : "text").toString();
+    const QString testo = quale->property(quale->inherits("QComboBox") ? "currentText" : "text").toString();
+    return quale->inherits("QLabel") ? QString(testo).remove('&') : testo;
 }
 
 // Fills controls by name: chosen, ticked or typed.

@@ -447,42 +447,56 @@ void tst_Creazione::soloTastiera() {
     ProgrammaDiProva programma;
     const auto tasto = [](Qt::Key quale) { QTest::keyClick(QApplication::focusWidget(), quale); };
     const auto scriviQui = [](const QString& testo) { QTest::keyClicks(QApplication::focusWidget(), testo); };
-    // Enter from field to field until the button has the focus.
+    // Enter goes on, over buttons and lists too, until the one to press with the space bar.
     const auto finoA = [&](const QString& nome) {
-        for (int i = 0; i < 60 && QApplication::focusWidget()->objectName() != nome; ++i) {
-            const QWidget* qui = QApplication::focusWidget();
-            tasto(qui->inherits("QPushButton") || qui->inherits("Elenco") ? Qt::Key_Tab : Qt::Key_Return);
-        }
-        QCOMPARE(QApplication::focusWidget()->objectName(), nome);
+        for (int i = 0; i < 60 && fuoco() != nome; ++i)
+            tasto(Qt::Key_Return);
+        QCOMPARE(fuoco(), nome);
+    };
+    const auto premiCon = [&](const QString& nome) {
+        finoA(nome);
+        tasto(Qt::Key_Space);
     };
     CreazioneManifestazione creazione;
     const int id = guida(creazione, [&] {
         QVERIFY(pagina());
         scriviQui("Coppa");
-        for (int i = 0; i < 3; ++i) {
-            finoA("cmdAvanti");
-            tasto(Qt::Key_Return);
-            QVERIFY(pagina());
-        }
+        for (int i = 0; i < 3; ++i)
+            premiCon("cmdAvanti");
         for (int i = 1; i <= 20; ++i) {
             finoA("txtNom");
             scriviQui(QString("Prova %1").arg(i));
             finoA("txtTem");
             scriviQui("000010");
-            finoA("cmdAgg");
+            finoA("cboCon");
             tasto(Qt::Key_Return);
+            QCOMPARE(fuoco(), QString("cmdAgg"));
+            tasto(Qt::Key_Space);
         }
+        // Nothing is chosen until an arrow chooses; the space bar loads, and the road then ends on Modifica.
+        finoA("lstProve");
+        tasto(Qt::Key_Home);
+        QCOMPARE(controllo<Elenco>(pagina(), "lstProve")->scelta(), 0);
+        tasto(Qt::Key_End);
+        tasto(Qt::Key_Space);
+        confronta("txtNom=Prova 20");
+        scriviQui("Ultima");
+        finoA("cboCon");
+        tasto(Qt::Key_Return);
+        QCOMPARE(fuoco(), QString("cmdMod"));
+        tasto(Qt::Key_Space);
+        confronta("lstProve 19 1=Ultima");
+        // The row stays current, no longer chosen: a second Canc deletes nothing more.
         finoA("lstProve");
         tasto(Qt::Key_Down);
-        tasto(Qt::Key_End);
-        tasto(Qt::Key_Return);  // loads the row
-        confronta("txtNom=Prova 20");
         tasto(Qt::Key_Delete);
-        finoA("cmdAvanti");
+        QCOMPARE(controllo<Elenco>(pagina(), "lstProve")->scelta(), -1);
+        QCOMPARE(controllo<Elenco>(pagina(), "lstProve")->currentIndex().row(), 18);
+        premiCon("cmdAvanti");
+        QCOMPARE(fuoco(), QString("cmdSalva"));
         tasto(Qt::Key_Return);
-        QVERIFY(pagina());
         attendiSalvata(programma, true);
-        tasto(Qt::Key_Return);
+        premiCon("cmdSalva");
     });
     QVERIFY(programma.dialoghi.finite());
     QCOMPARE(contaRighe("Prove", QString("IDMan_FK=%1").arg(id)), 19);

@@ -91,7 +91,7 @@ void tst_ModificaManifestazione::caricaESalva() {
     const int diAltra = nuovaProva({{"Tip", "CO"}, {"ConA", 1}});
     const int id = nuovaManifestazione(colonne(
         "ASIeNONASI=1;PrePANoASI=DEC;PenUniPANoASI=9;PenMaxAtt=1;PenMax=300;PenMaxNoASI=600;FatNoASI=1;"
-        "NumFatNoASI=2.5;PenProNonSvo=1;NumPenProNonSvo=750;PrePM=ORA;DatVer=;RagAuto="));
+        "NumFatNoASI=2.5;PenProNonSvo=1;NumPenProNonSvo=750;PrePM=ORA;PreCO=;DatVer=;RagAuto="));
     const int primo = nuovaProva({{"Tip", "CO"}});
     const int secondo = nuovaProva({{"Tip", "CO"}, {"ConA", primo}});
     const int abilita = nuovaProva({{"ConA", secondo}});
@@ -104,6 +104,7 @@ void tst_ModificaManifestazione::caricaESalva() {
         confronta(&finestra,
                   "txtNom=Coppa delle Colline;DaDat=13/06/2026;DatVer=//;txtMaxPen=300;txtMaxPenNoASI=600;"
                   "txtNumFatNoASI=2,5;txtPenProNonSvo=750;txtPenUniPANoASI=9;cboPrePA=CENTESIMO;cboPrePM=;"
+                  "cboPreCO=MINUTO;"
                   "optCOPar=NO;lblPenUniPA=Penalità per Ogni CENTESIMO nelle P.A. : ;"
                   "lblPenUniCO=Penalità per Ogni MINUTO nei C.O. : ");
         QVERIFY(controllo(&finestra, "txtMaxPenNoASI")->isVisible());
@@ -121,12 +122,13 @@ void tst_ModificaManifestazione::caricaESalva() {
         if (salva)
             QCOMPARE(modificata[0][0].toString(), QString("Coppa Nuova"));
     }
-    QCOMPARE(contaRighe("Manifestazioni",
-                        QString("IDMan=%1 AND Nom='Coppa Nuova' AND PenMaxAtt=0 AND PenMax=0 AND "
-                                "PenProNonSvo=0 AND NumPenProNonSvo=0 AND FatNoASI=0 AND NumFatNoASI=0 AND "
-                                "ASIeNONASI=0 AND PrePANoASI='DEC' AND PenUniPANoASI=9 AND PenMaxNoASI=600 "
-                                "AND PrePM='DEC' AND TipoCO='PAR' AND DatVer IS NULL AND RagAuto=0")
-                            .arg(id)),
+    QCOMPARE(contaRighe(
+                 "Manifestazioni",
+                 QString("IDMan=%1 AND Nom='Coppa Nuova' AND PenMaxAtt=0 AND PenMax=0 AND "
+                         "PenProNonSvo=0 AND NumPenProNonSvo=0 AND FatNoASI=0 AND NumFatNoASI=0 AND "
+                         "ASIeNONASI=0 AND PrePANoASI='DEC' AND PenUniPANoASI=9 AND PenMaxNoASI=600 "
+                         "AND PrePM='DEC' AND PreCO='MIN' AND TipoCO='PAR' AND DatVer IS NULL AND RagAuto=0")
+                     .arg(id)),
              1);
     // Only this event's time controls lose their chains.
     QCOMPARE(catene(), (QList<int>{1, 0, secondo}));
@@ -134,7 +136,24 @@ void tst_ModificaManifestazione::caricaESalva() {
 
 void tst_ModificaManifestazione::senzaNome() {
     ProgrammaDiProva programma;
-    nuovaManifestazione();
+    // Longer than a field, a foreign word: shown whole, and written back as they were.
+    nuovaManifestazione(
+        {{"Nom", QString(300, 'x')}, {"PenUniPA", Q_INT64_C(12345678901)}, {"PrePM", "ORA"}, {"Clu", ""}});
+    const QString comEra = "length(Nom)=300 AND PenUniPA=12345678901 AND PrePM='ORA' AND Clu";
+    for (const char* clu : {"", "Ruote"}) {
+        frmModificaManifestazione finestra;
+        mostra(&finestra);
+        confronta(&finestra, "txtPenUniPA=12345678901;cboPrePM=");
+        compila(&finestra, QString("txtClu=") + clu);
+        // Esc does not throw away what was changed.
+        QTest::keyClick(&finestra, Qt::Key_Escape);
+        QCOMPARE(finestra.isVisible(), *clu != 0);
+        if (*clu) {
+            programma.dialoghi.attendiAvviso("Manifestazione Modificata");
+            premi(&finestra, "cmdSalva");
+            QCOMPARE(contaRighe("Manifestazioni", comEra + "='Ruote'"), 1);
+        }
+    }
     frmModificaManifestazione finestra;
     mostra(&finestra);
     compila(&finestra, "txtNom=;ADat=40/01/2026");
@@ -165,13 +184,16 @@ void tst_ModificaManifestazione::elenchiEFiglie() {
     confronta(&finestra, "chkRagAuto=NO");
     // A double click on a row, and on none.
     for (const int riga : {0, -1}) {
-        nellaFiglia<frmModificaGruppo>([&] { doppioClic(&finestra, "lstRag", riga); },
-                                       [&](QDialog* figlia) {
-                                           confronta(figlia,
-                                                     riga == 0 ? QString("lblIDRag=%1;txtFat=1,5").arg(gruppo)
-                                                               : QString("lblIDRag=0;txtFat="));
-                                           abilitati(figlia, "cmdMod cmdEli", riga == 0);
-                                       });
+        nellaFiglia<frmModificaGruppo>(
+            [&] { doppioClic(&finestra, "lstRag", riga); },
+            [&](QDialog* figlia) {
+                confronta(figlia, riga == 0 ? QString("lblIDRag=%1;txtFat=1,5").arg(gruppo)
+                                            : QString("lblIDRag=0;txtFat="));
+                abilitati(figlia, "cmdMod cmdEli", riga == 0);
+                // Where the road of Enter through the fields ends.
+                QCOMPARE(controllo(figlia, "txtAAnn")->nextInFocusChain(),
+                         controllo<QPushButton>(figlia, riga == 0 ? "cmdMod" : "cmdAgg"));
+            });
     }
     // By keyboard: Enter opens the row, Ins adds; what the child wrote is in the list when it has closed.
     auto* prove = controllo<Elenco>(&finestra, "lstProve");
@@ -222,7 +244,15 @@ void tst_ModificaManifestazione::gruppo() {
     elimina(programma, &finestra, "Raggruppamenti", "Eliminare il Raggruppamento ?",
             "Raggruppamento Eliminato");
 
-    inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan}, {"Nom", "Vecchio"}, {"Fat", 1}});
+    const int vecchio = inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan},
+                                                         {"Nom", QString(300, 'x')},
+                                                         {"Fat", 1.0 / 3},
+                                                         {"DAAnn", 1900},
+                                                         {"AAnn", 19999}});
+    riapri(finestra, vecchio);
+    programma.dialoghi.attendiAvviso("Raggruppamento Modificato");
+    premi(&finestra, "cmdMod");
+    QCOMPARE(contaRighe("Raggruppamenti", "length(Nom)=300 AND Fat=1.0/3 AND AAnn=19999"), 1);
     riapri(finestra, 0);
     for (const bool si : {false, true}) {
         QCOMPARE(contaRighe("Raggruppamenti"), 1);

@@ -103,6 +103,8 @@ void tst_FinestreOnLine::prepara(Dispositivo dispositivo) {
     for (int i = 1; i <= 4; ++i) {
         const int conA = i == 2 || i == 3 ? m_prove.last() : 0;
         m_prove << nuovaProva({{"Nom", QString("Castello %1").arg(i)}, {"ConA", conA}});
+        if (i == 2)
+            nuovaProva({{"Tip", "CO"}});  // in the middle of the chain, and none of it
     }
     m_idEqu = nuovoEquipaggio(7);
     nuovoEquipaggio(12, {{"Cog", "VERDI"}, {"CogNav", "NERI"}, {"Omo", ""}});
@@ -135,7 +137,6 @@ QString tst_FinestreOnLine::lettura(int prova) const {
 
 // The tree shows heads and what is chained to them; a chained test stands for its head.
 void tst_FinestreOnLine::albero() {
-    nuovaProva({{"Tip", "CO"}});
     frmSelezionaRXONLINE finestra;
     finestra.show();
     auto* albero = controllo<QTreeWidget>(finestra, "trePro");
@@ -221,7 +222,7 @@ void tst_FinestreOnLine::catenaSulTabellone() {
     QVERIFY(!m_banco->lineaTabellone.aperto());
     // The readings are on show behind it.
     auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
-    QCOMPARE(griglia->modello().righe()[2].tArr, "00:03:01:35");
+    QCOMPARE(griglia->modello().righe()[3].tArr, "00:03:01:35");
     finestra.close();
     QTRY_COMPARE(m_banco->tabellone.mostrati().last(), "      ");
 }
@@ -280,10 +281,15 @@ void tst_FinestreOnLine::interrotta() {
             return;
         }
         m_banco->tag.invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
+        if (tempi >= 0) {
+            QTest::keyClick(&rx, Qt::Key_Escape);
+            QVERIFY(rx.isVisible());
+        }
         if (come == "stop") {
             premi(rx, "cmdArrestaRicezione");
         } else if (come == "close") {
-            rx.close();
+            // Before the start, Esc does the same.
+            tempi < 0 ? QTest::keyClick(&rx, Qt::Key_Escape) : void(rx.close());
         } else {
             dialoghi.attendiMessaggio("Errore", QString());
             m_banco->linea.stacca();

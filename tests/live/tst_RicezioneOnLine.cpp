@@ -286,7 +286,7 @@ void tst_RicezioneOnLine::orologioFormati() {
           std::tuple{3, 4529678, "34:56:79"}, std::tuple{1, 3240000, "9:00:01:"},
           std::tuple{1, 8639950, "24:00:00"}}) {
         OrologioTabellone orologio;
-        orologio.impostaFormato(formato, 5'000'000'000);
+        orologio.impostaFormato(formato);
         orologio.sincronizza(centesimi, 9'123'456'789);
         const qint64 prossimo = 9'123'456'789 + orologio.alProssimo(9'123'456'789) * 1'000'000LL;
         QCOMPARE(orologio.batti(prossimo), testo);
@@ -300,7 +300,7 @@ void tst_RicezioneOnLine::orologioPuntuale() {
     for (int formato = 1; formato <= 3; ++formato) {
         const FormatoOrologio& f = FormatiOrologio[formato - 1];
         OrologioTabellone orologio;
-        orologio.impostaFormato(formato, 0);
+        orologio.impostaFormato(formato);
         orologio.sincronizza(Partenza, 0);
         std::mt19937 caso(4);
         int precedente = Partenza;
@@ -319,18 +319,23 @@ void tst_RicezioneOnLine::orologioPuntuale() {
 void tst_RicezioneOnLine::orologioCambioFormato() {
     constexpr qint64 Ms = 1'000'000;
     OrologioTabellone orologio;
-    orologio.impostaFormato(1, 0);
+    orologio.impostaFormato(1);
     orologio.sincronizza(4500000, 0);
     QCOMPARE(orologio.batti(1000 * Ms), "12:30:01");
-    // Between two ticks: nothing is lost and nothing counted twice.
-    orologio.impostaFormato(3, 1505 * Ms);
-    QCOMPARE(orologio.alProssimo(1505 * Ms), 5);
-    QCOMPARE(orologio.batti(1510 * Ms), "30:01:51");
-    orologio.impostaFormato(1, 1510 * Ms);
-    QCOMPARE(orologio.batti(2510 * Ms), "12:30:02");
-    QCOMPARE(orologio.centesimi(), 4500251);
-    // A timer that fires early by less than a millisecond has fired.
-    QCOMPARE(orologio.batti(3510 * Ms - 900'000), "12:30:03");
+    // Between two ticks: the one that is due comes when it was due and counts what it was to count.
+    orologio.impostaFormato(3);
+    QCOMPARE(orologio.alProssimo(1505 * Ms), 495);
+    QCOMPARE(orologio.batti(2000 * Ms), "30:02:00");
+    QCOMPARE(orologio.batti(2010 * Ms), "30:02:01");
+    orologio.impostaFormato(1);
+    QCOMPARE(orologio.alProssimo(2010 * Ms), 10);
+    QCOMPARE(orologio.batti(2020 * Ms), "12:30:02");
+    QCOMPARE(orologio.alProssimo(2020 * Ms), 1000);
+    // A timer that fires early by less than a millisecond has fired; of a late one nothing is lost.
+    QCOMPARE(orologio.batti(3020 * Ms - 900'000), "12:30:03");
+    orologio.impostaFormato(2);
+    QCOMPARE(orologio.batti(4350 * Ms), "2:30:04:3");
+    QCOMPARE(orologio.centesimi(), 4500432);
 }
 
 QTEST_GUILESS_MAIN(tst_RicezioneOnLine)

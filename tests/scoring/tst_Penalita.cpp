@@ -213,6 +213,8 @@ void tst_Penalita::rigaMancante() {
     attendiErrore(programma, 4);
     QCOMPARE(PenalitaAggiunte(4, QString(), true), 8.0);
     QVERIFY_EXCEPTION_THROWN(TempiCompleti(4), Errore);
+    attendiErrore(programma, 4);
+    QCOMPARE(PenalitaTempi(4, "31/02/2026", false), 0.0);
 
     programma.dialoghi.attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
     QCOMPARE(PenalitaTempi(99, QString(), true), 0.0);

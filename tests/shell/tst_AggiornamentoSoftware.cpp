@@ -82,6 +82,10 @@ QByteArray http(const QByteArray& stato, const QByteArray& corpo, qsizetype lung
            "\r\nConnection: close\r\n\r\n" + corpo;
 }
 
+QByteArray pezzi(const QByteArray& corpo) {
+    return "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n" + corpo;
+}
+
 QByteArray rinvio(const QByteArray& dove) {
     return "HTTP/1.1 302 Found\r\nLocation: " + dove + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
 }
@@ -187,6 +191,19 @@ void tst_AggiornamentoSoftware::scarico() {
         {"500", {{"/v", http("500 Internal Server Error", buono)}}, niente},
         {"204", {{"/v", "HTTP/1.1 204 No Content\r\nConnection: close\r\n\r\n"}}, niente},
         {"closes in the middle", {{"/v", http("200 OK", "2\r\n6", 9)}}, niente},
+        {"in pieces",
+         {{"/v", pezzi("1;x=y\r\n2\r\nA\r\n\r\n6\r\n1\r\n\r\n\r\n0\r\nX: y\r\n\r\n")}},
+         "2\r\n6\r\n1\r\n\r\n"},
+        {"no last piece", {{"/v", pezzi("1\r\n2\r\n")}}, niente},
+        {"a piece of no length", {{"/v", pezzi("-1\r\n2\r\n0\r\n\r\n")}}, niente},
+        {"endless pieces", {{"/v", pezzi(QByteArray("1\r\n2\r\n").repeated(1'000'000))}}, niente},
+        {"endless line", {{"/v", "HTTP/1.1 200 OK\r\nX: " + QByteArray(8'000'000, 'x')}}, niente},
+        {"endless head",
+         {{"/v", "HTTP/1.1 200 OK\r\n" + QByteArray("X: y\r\n").repeated(1'000'000)}},
+         niente},
+        {"announced",
+         {{"/v", "HTTP/1.1 103 Early Hints\r\nLink: <x>\r\n\r\n" + http("200 OK", buono)}},
+         buono},
         {"closes after the head", {{"/v", http("200 OK", "", 9)}}, niente},
         {"not HTTP", {{"/v", "220 posta.example ESMTP\r\n"}}, niente},
         {"at the limit", {{"/v", http("200 OK", lungo)}}, lungo},

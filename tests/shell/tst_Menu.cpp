@@ -50,7 +50,8 @@ void tst_Menu::controlli() {
         {"Impossibile Accedere All'Iportazione", false, "mnuImportazioneIscrizionidaExcel"},
         {"Impossibile Generare la Classsifica", false,
          "mnuStampaListaDiPartenza mnuStampaListaDiPartenzaExcel mnuStampaListaDiPartenzaConOrari "
-         "mnuStampaListaDiPartenzaConOrariinExcel mnuImportazioneProve mnuClasRaggruppamento"}};
+         "mnuStampaListaDiPartenzaConOrariinExcel mnuImportazioneProve mnuClasRaggruppamento "
+         "mnuClasSquadre mnuClasGioSqu"}};
     for (const auto& [titolo, conDati, voci] : casi) {
         for (const QString& voce : QString(voci).split(' ')) {
             ProgrammaDiProva programma;
@@ -97,18 +98,27 @@ void tst_Menu::titoliCheCambiano() {
     QVERIFY(rifiuta(Controllo::RicezioneOffLine, "Alla Ricezione OFFLINE", NessunEquipaggio));
     nuovoEquipaggio(1);
     QVERIFY(controlla(Controllo::Quote));
+
+    const auto invio = std::ranges::find(vociMenu(), QString("mnuInviaSMS"), nome)->controllo;
+    esegui("UPDATE Prove SET Svo=NULL");
+    QVERIFY(rifiuta(invio, "All'Invio degli SMS", "Nessuna Prova Svolta per la Manifestazione Corrente"));
+    esegui("UPDATE Prove SET Svo=1");
+    QVERIFY(controlla(invio));
+    esegui("DELETE FROM Equipaggi");
+    QVERIFY(rifiuta(invio, "All'Invio degli SMS", NessunEquipaggio));
+    IDMan = 0;
+    QVERIFY(rifiuta(invio, "All'Invio degli SMS", NessunaAttiva));
 }
 
 void tst_Menu::tasti() {
-    // In each menu no key stands for two entries, or the keyboard would stop at the first.
+    // Each entry has a key, and in each menu no key stands for two, or the keyboard would stop at the first.
     QHash<int, QSet<QChar>> usati;
     for (const VoceMenu& voce : vociMenu()) {
         for (int livello = voce.livello + 1; livello < 3; ++livello)
             usati[livello].clear();
         const QString testo = QString::fromUtf16(voce.testo);
         const qsizetype posto = testo.indexOf('&');
-        if (posto < 0)
-            continue;
+        QVERIFY2(posto >= 0, qPrintable(testo));
         const QChar tasto = testo.at(posto + 1).toLower();
         QVERIFY2(!usati[voce.livello].contains(tasto), qPrintable(testo));
         usati[voce.livello].insert(tasto);

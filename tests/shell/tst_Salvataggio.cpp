@@ -5,6 +5,8 @@
 #include <sys/resource.h>
 #include <csignal>
 #include <QDir>
+#include <QLockFile>
+#include <QSettings>
 #include <QTest>
 
 class tst_Salvataggio final : public QObject {
@@ -14,10 +16,13 @@ private Q_SLOTS:
     void copiaIdentica();
     void dueUsciteUnGiorno();
     void copiaFallita();
+    void copiaDanneggiata();
     void discoPieno();
     void aggiornatore();
+    void aggiornatoreCollegato();
     void aggiornatoreFallito();
     void unFallimentoNonFermaLAltro();
+    void impostazioni();
 };
 
 namespace {
@@ -133,6 +138,33 @@ void tst_Salvataggio::copiaFallita() {
     }
 }
 
+void tst_Salvataggio::copiaDanneggiata() {
+    for (const bool guasta : {true, false}) {  // a page of it is hurt, or an action was interrupted
+        const ProgrammaDiProva programma;
+        ChiudiDataBase();
+        salvaCopiaDelGiorno();
+        const QByteArray buona = contenuto(Oggi);
+        QFile archivio(percorsoArchivio());
+        QVERIFY(archivio.open(QIODevice::ReadWrite));
+        if (guasta)
+            QVERIFY(archivio.seek(archivio.size() - 4096) && archivio.write(QByteArray(4096, 'x')) == 4096);
+        else
+            scrivi("mdvlm.mdb-journal", "un'azione");
+        archivio.close();
+        const QByteArray presente = contenuto("mdvlm.mdb");
+        const QString daParte("Backup/mdvlm-14-06-2026-danneggiato.mdb");
+        for (int uscita = 0; uscita < 2; ++uscita)
+            QVERIFY(errore(&salvaCopiaDelGiorno).contains(percorsoNelProgramma(daParte)));
+        QCOMPARE(contenuto(Oggi), buona);
+        QCOMPARE(contenuto(daParte), presente);
+        QVERIFY(!(QFile::permissions(percorsoNelProgramma(daParte)) & (QFile::ReadGroup | QFile::ReadOther)));
+        scrivi("Backup/mdvlm-31-12-2025.mdb", "dell'anno prima");
+        QCOMPARE(ultimaCopia(), QString("mdvlm-14-06-2026.mdb"));
+        QVERIFY(QFile::remove(percorsoNelProgramma(Oggi)));
+        QCOMPARE(ultimaCopia(), QString("mdvlm-31-12-2025.mdb"));
+    }
+}
+
 void tst_Salvataggio::discoPieno() {
     const ProgrammaDiProva programma;
     ChiudiDataBase();
@@ -194,6 +226,19 @@ void tst_Salvataggio::aggiornatore() {
     }
 }
 
+void tst_Salvataggio::aggiornatoreCollegato() {
+    const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    scrivi("altrove/VLMUpdater.exe", "nuovo");
+    scrivi("altrove/foto.jpg", "di un altro");
+    scrivi("VLMUpdater.exe", "presente");
+    QVERIFY(QFile::link(percorsoNelProgramma("altrove"), percorsoNelProgramma("update")));
+    for (int uscita = 0; uscita < 2; ++uscita) {
+        sostituisciAggiornatore();
+        QCOMPARE(contenuto("VLMUpdater.exe") + contenuto("VLMUpdater.ex_"), QByteArray("nuovopresente"));
+        QCOMPARE(nomi("altrove").size(), 2);
+    }
+}
+
 void tst_Salvataggio::aggiornatoreFallito() {
     const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
     scrivi("update/VLMUpdater.exe", QByteArray(10'000, 'n'));
@@ -226,6 +271,30 @@ void tst_Salvataggio::unFallimentoNonFermaLAltro() {
     const QString tutto = errore(&salvaAllUscita);
     QVERIFY2(tutto.contains("copia di sicurezza") && tutto.contains("nuovo programma di aggiornamento"),
              qPrintable(tutto));
+}
+
+void tst_Salvataggio::impostazioni() {
+    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    Impostazioni::installa(nullptr);  // the user's own
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, PercorsoApp);
+    scrivi("VLM/VLM.conf", "[IDMan]\nIDMan=7\n[com]\nonline=3\n");
+    QLockFile altrui(percorsoNelProgramma("VLM/VLM.conf.lock"));
+    QVERIFY(altrui.lock());
+    ImpostaManifestazioneAttiva(12);
+    const auto suDisco = [](const char* chiave) {
+        return QSettings(percorsoNelProgramma("VLM/VLM.conf"), QSettings::IniFormat).value(chiave).toString();
+    };
+    QCOMPARE(suDisco("IDMan/IDMan") + ' ' + suDisco("com/online"), QString("12 3"));
+    altrui.unlock();
+    QCOMPARE(Impostazioni::corrente().guasto(), QString());
+    QVERIFY(QDir(percorsoNelProgramma("VLM")).removeRecursively());
+    scrivi("VLM", "un file");
+    for (const int idMan : {13, 14}) {
+        ImpostaManifestazioneAttiva(idMan);
+        QCOMPARE(leggiManifestazioneAttiva(), idMan);  // until the end of the program
+        QCOMPARE(Impostazioni::corrente().guasto().contains("VLM.conf"), idMan == 13);
+        QCOMPARE(Impostazioni::corrente().guasto(), QString());
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Salvataggio)

@@ -136,6 +136,10 @@ void tst_frmMain::pannello() {
     QVERIFY(qAbs(info->width() - 0.7 * principale.width()) < 30);
     QVERIFY(qAbs(info->geometry().center().x() - principale.width() / 2) < 5);
 
+    QTest::keyClick(&principale, Qt::Key_F10);
+    QVERIFY(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+
     // Rebuilt when a window over it closes.
     nuovoEquipaggio(4);
     QEvent riattivata(QEvent::WindowActivate);
@@ -154,10 +158,15 @@ void tst_frmMain::pannello() {
         QApplication::sendEvent(&principale, &riattivata);
     QVERIFY(programma.dialoghi.finite());
 
-    ImpostaManifestazioneAttiva(0);
-    principale.attivazione();
+    // The event's row went: by the entry's end nothing of it is left.
+    esegui("DELETE FROM Manifestazioni");
+    esegui("ALTER TABLE Altrove RENAME TO Equipaggi");
+    programma.dialoghi.attendiMessaggio("Impossibile Modificare", "Nessuna Manifestazione Attiva");
+    scegli(principale, "mnuModificaManifestazione");
     QVERIFY(!info->isVisible());
+    QCOMPARE(testo(principale, "lblEquipaggi"), QString());
     QCOMPARE(testo(principale, "lblMani"), QString("Nessuna Manifestazione Attiva"));
+    QCOMPARE(programma.impostazioni.valori["IDMan/IDMan"], QString("0"));
 }
 
 void tst_frmMain::alberoDelMenu() {
@@ -220,9 +229,16 @@ void tst_frmMain::ogniVoceRisponde() {
     programma.dialoghi.attendiMessaggio("Impossibile Accedere Alla Stampa Schede",
                                         "Nessuna Manifestazione Attiva");
     scegli(principale, "mnuSchede");
-    programma.dialoghi.attendiMessaggio("Velmora", "Funzione non ancora disponibile", Icona::Informazione);
-    scegli(principale, "mnuInviaSMS");
-    QVERIFY(programma.dialoghi.finite());
+    for (const bool si : {false, true}) {
+        programma.dialoghi.attendiDomanda(
+            "Riorganizzazione Archivi",
+            "La Riorganizzazione Può Impiegare Diverso Tempo.\nConfermare l'Operazione ?", si);
+        if (si)
+            programma.dialoghi.attendiMessaggio("Velmora", "Funzione non ancora disponibile",
+                                                Icona::Informazione);
+        scegli(principale, "mnuRiorganizzaArchivi");
+        QVERIFY(programma.dialoghi.finite());
+    }
 }
 
 void tst_frmMain::classificheDalMenu() {
@@ -326,6 +342,10 @@ void tst_frmMain::uscita() {
         QCOMPARE(AggiornaArchivio(), QList<int>());  // brought up to date at the start
         principale.show();
         nuovaManifestazione({{"RagAuto", 1}, {"PenProNonSvo", 1}});
+        ChiudiDataBase();  // as when it could not be opened again
+        programma.dialoghi.attendiMessaggio("Impossibile Accedere All'Immissione Tempi", QString());
+        scegli(principale, "mnuImmManuale");
+        QVERIFY(Conn().aperta());
         scegli(principale, "mnuEsci");
         QVERIFY(!principale.isVisible());
         QVERIFY(!Conn().aperta());
@@ -340,8 +360,13 @@ void tst_frmMain::uscita() {
         // A copy that fails is told; the window closes all the same and the archive is whole.
         QFile alSuoPosto(percorsoNelProgramma("Backup"));
         QVERIFY(alSuoPosto.open(QIODevice::WriteOnly));
+        creaArchivio(percorsoArchivio());
+        QVERIFY(QFile::setPermissions(
+            percorsoArchivio(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
         frmMain principale;
+        QVERIFY(!(QFile::permissions(percorsoArchivio()) & (QFile::ReadGroup | QFile::ReadOther)));
         principale.show();
+        ChiudiDataBase();
         programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
         principale.close();
         QVERIFY(programma.dialoghi.finite());
@@ -352,13 +377,25 @@ void tst_frmMain::uscita() {
 
 void tst_frmMain::avvioRifiutato() {
     ProgrammaDiProva programma(Archivio::Nessuno);
-    {
+    // What the file of the lock holds says nothing: here a process that lives, and another computer.
+    const auto scriviBlocco = [](const QByteArray& testo) {
+        QFile file(percorsoNelProgramma("vlm.lock"));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(testo) == testo.size());
+    };
+    for (const QByteArray& testo :
+         {QByteArray(), QByteArray("1\nvel"), QByteArray("1\nvelmora\naltro\n\n\n")}) {
+        scriviBlocco(testo);
         IstanzaUnica prima(PercorsoApp);
         QVERIFY(prima.acquisisci());
         programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", "VLM è Già In Esecuzione.");
         QVERIFY(avvia() != 0);
         QVERIFY(!QFile::exists(percorsoArchivio()));
     }
+    QVERIFY(QFile::remove(percorsoNelProgramma("vlm.lock")) && QDir(PercorsoApp).mkdir("vlm.lock"));
+    programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", QString(), Icona::Stop);
+    QVERIFY(avvia() != 0);
+    QVERIFY(programma.dialoghi.viste().constLast().testo.contains(percorsoNelProgramma("vlm.lock")));
+    QVERIFY(QDir(PercorsoApp).rmdir("vlm.lock"));
     QFile altro(percorsoArchivio());
     QVERIFY(altro.open(QIODevice::ReadWrite) && altro.write("Qualcosa d'altro") && altro.flush());
     programma.dialoghi.attendiMessaggio("Impossibile Avviare VLM", QString(), Icona::Stop);

@@ -1,23 +1,36 @@
-// The rehearsal: the real windows, worked from the menu on an archive of the sample rally. Usage:
-//   prova <program folder> <output folder>
-// The program folder holds the archive and the help file. Ends with 0 when everything went as it should.
+// The rehearsal: the real windows, worked from the menu on an archive of the sample rally: see the help
+// below.
 
 #include "archive/PercorsoApp.h"
 #include "archive/Statement.h"
 #include "common/Applicazione.h"
 #include "prova/Regia.h"
 #include "prova/Scene.h"
+#include "RigaDiComando.h"
 #include "shell/Avvio.h"
 #include "shell/frmMain.h"
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QFileInfo>
 #include <QTextStream>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr char Aiuto[] =
+    R"(Prova il programma da cima a fondo: le finestre vere, dal menu, sul rally d'esempio.
+
+Uso: prova PROGRAMMA USCITA
+
+  PROGRAMMA  la cartella con l'archivio del rally d'esempio (crea_esempio) e il file di aiuto, "vlm help.hlp";
+             l'archivio viene modificato
+  USCITA     la cartella delle stampe (PDF) e delle immagini delle finestre
+
+Finisce con 0 quando tutto è andato come deve. scripts/rehearse.sh prepara le cartelle da sé.
+)";
 
 frmMain* finestraPrincipale() {
     const QWidgetList finestre = QApplication::topLevelWidgets();
@@ -53,14 +66,14 @@ void recita(Regia& regia) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // First of all: without a display, too, the help can be read.
+    const RigaDiComando righe(argomentiDi(argc, argv), QString::fromUtf8(Aiuto), {}, {2, 2});
+    if (!QFileInfo::exists(righe.argomenti().at(0) + u"/mdvlm.mdb"_s))
+        RigaDiComando::rifiuta(u"nella cartella %1 non c'è un archivio"_s.arg(righe.argomenti().at(0)));
     const Applicazione applicazione(argc, argv);
     QTextStream uscita(stdout);
-    if (argc != 3) {
-        uscita << "prova <program folder> <output folder>" << Qt::endl;
-        return 2;
-    }
-    PercorsoApp = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
-    Regia regia(QDir(QString::fromLocal8Bit(argv[2])).absolutePath());
+    PercorsoApp = QDir(righe.argomenti().at(0)).absolutePath();
+    Regia regia(QDir(righe.argomenti().at(1)).absolutePath());
     scegliManifestazione(regia);
     regia.quandoSiApre(u"frmSplash"_s, [&](QWidget& splash) {
         regia.fotografa(splash, u"frmSplash"_s);

@@ -20,6 +20,8 @@ Copione::Copione(PseudoTerminale& linea, Esecutore esecutore)
 
 void Copione::aggiungi(const QString& righe) {
     m_righe << righe.split(u'\n');
+    // Before anything that has come on the line is looked at.
+    QMetaObject::invokeMethod(this, &Copione::giro, Qt::QueuedConnection);
 }
 
 void Copione::giro() {

@@ -9,17 +9,20 @@
 
 using namespace Qt::StringLiterals;
 
-OpzioniSimulatore::OpzioniSimulatore(const QString& aiuto, const std::pair<QString, QString>& propria) {
-    const QStringList argomenti = QCoreApplication::arguments();
-    if (argomenti.contains(u"--help"_s) || argomenti.contains(u"-h"_s)) {
-        scriviRiga(aiuto + QString::fromUtf8(AiutoCopione));
-        std::exit(0);
-    }
-    m_righe.addOptions({{u"programma"_s, u"cartella del programma"_s, u"cartella"_s, u"."_s},
-                        {u"com"_s, u"numero della porta"_s, u"numero"_s, u"1"_s}});
-    if (!propria.first.isEmpty())
-        m_righe.addOption({propria.first, propria.first, propria.first, propria.second});
-    m_righe.process(argomenti);
+namespace {
+
+constexpr int MassimaPorta = 9;
+
+}  // namespace
+
+OpzioniSimulatore::OpzioniSimulatore(const QString& aiuto, const QList<RigaDiComando::Opzione>& proprie)
+    : m_righe(
+          QCoreApplication::arguments().sliced(1), aiuto + QString::fromUtf8(AiutoCopione),
+          QList<RigaDiComando::Opzione>{{u"programma"_s, true, u"programma"_s}, {u"com"_s, true, u"1"_s}} +
+              proprie,
+          {0, 1}) {
+    if (porta() < 1 || porta() > MassimaPorta)
+        RigaDiComando::rifiuta(u"--com: un numero da 1 a %1"_s.arg(MassimaPorta));
 }
 
 int fallisci(const QString& testo) {

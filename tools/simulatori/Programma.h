@@ -2,22 +2,22 @@
 
 #include "simulatori/Copione.h"
 
-#include <QCommandLineParser>
+#include "RigaDiComando.h"
 
 // What the simulators' programs share: options, the script or the keyboard, the exit code.
 
 class OpzioniSimulatore final {
 public:
-    // `propria`: an option of this simulator alone and its default.
-    explicit OpzioniSimulatore(const QString& aiuto, const std::pair<QString, QString>& propria = {});
+    // `proprie`: the options of this simulator alone.
+    explicit OpzioniSimulatore(const QString& aiuto, const QList<RigaDiComando::Opzione>& proprie = {});
 
-    [[nodiscard]] QString valore(const QString& opzione) const { return m_righe.value(opzione); }
+    [[nodiscard]] QString valore(const QString& opzione) const { return m_righe.valore(opzione); }
     [[nodiscard]] QString cartella() const { return valore(QStringLiteral("programma")); }
-    [[nodiscard]] int porta() const { return valore(QStringLiteral("com")).toInt(); }
-    [[nodiscard]] QString copione() const { return m_righe.positionalArguments().value(0); }
+    [[nodiscard]] int porta() const { return valore(QStringLiteral("com")).toInt(); }  // 1 to 9
+    [[nodiscard]] QString copione() const { return m_righe.argomenti().value(0); }
 
 private:
-    QCommandLineParser m_righe;
+    RigaDiComando m_righe;
 };
 
 int fallisci(const QString& testo);

@@ -70,7 +70,7 @@ void PseudoTerminale::stacca() {
     close(m_padrone);
     m_padrone = -1;
     m_uscita.clear();
-    m_apertura.invalidate();
+    segna(false);
     // The system soon gives the device's name to somebody else's terminal: the link must not lead there.
     if (QFile::symLinkTarget(m_collegamento) == m_dispositivo) {
         QFile::remove(m_collegamento);
@@ -91,6 +91,17 @@ bool PseudoTerminale::aperto() const {
 
 qint64 PseudoTerminale::apertoDa() const {
     return m_apertura.isValid() ? m_apertura.elapsed() : -1;
+}
+
+void PseudoTerminale::segna(bool aperta) {
+    if (m_apertura.isValid() == aperta)
+        return;
+    if (aperta) {
+        m_apertura.start();
+    } else {
+        m_apertura.invalidate();
+    }
+    Q_EMIT cambiata(aperta);
 }
 
 QString PseudoTerminale::formato() const {
@@ -134,10 +145,9 @@ void PseudoTerminale::giro() {
     }
     if (!aperto()) {
         m_uscita.clear();
-        m_apertura.invalidate();
+        segna(false);
     } else {
-        if (!m_apertura.isValid())
-            m_apertura.start();
+        segna(true);
         svuotaUscita();
     }
     if (!dati.isEmpty())

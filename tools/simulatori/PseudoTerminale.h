@@ -29,10 +29,12 @@ public:
 
 Q_SIGNALS:
     void arrivati(const QByteArray& dati);
+    void cambiata(bool aperta);  // the program has opened or closed the port
 
 private:
     void giro();
     void svuotaUscita();
+    void segna(bool aperta);
     [[nodiscard]] QString dispositivoAssente() const;
 
     QString m_collegamento;

@@ -1,7 +1,5 @@
 #include "simulatori/SimulatoreTabellone.h"
 
-#include "devices/Tabellone.h"
-
 namespace {
 
 constexpr char Inizio = 2;
@@ -21,6 +19,21 @@ QString leggibile(QByteArrayView posizioni) {
     return testo;
 }
 
+bool punto(QChar c) {
+    return c == u'.' || c == u',';
+}
+
+// What a seven-segment position can show of a character.
+QChar segmenti(QChar c) {
+    static constexpr QStringView Propri = u"'-.0123456789ACEFHILNPU";
+    static constexpr QStringView Simili = u",BOSZDR";
+    static constexpr QStringView Come = u".8052dr";
+    const QChar maiuscola = c.toUpper();
+    if (const qsizetype simile = Simili.indexOf(maiuscola); simile >= 0)
+        return Come[simile];
+    return Propri.contains(maiuscola) ? maiuscola : QChar(u' ');
+}
+
 }  // namespace
 
 SimulatoreTabellone::SimulatoreTabellone(PseudoTerminale& linea) {
@@ -28,7 +41,16 @@ SimulatoreTabellone::SimulatoreTabellone(PseudoTerminale& linea) {
 }
 
 QString SimulatoreTabellone::comeAppare(const QString& testo) {
-    return leggibile(QByteArrayView(frameTabellone(testo)).sliced(PrimaPosizione, Posizioni));
+    QString appare;
+    qsizetype posizioni = 0;
+    for (qsizetype i = 0; i < testo.size() && posizioni < Posizioni; ++i, ++posizioni) {
+        appare += segmenti(testo[i]);
+        if (!punto(testo[i]) && i + 1 < testo.size() && punto(testo[i + 1])) {
+            appare += u'.';
+            ++i;
+        }
+    }
+    return appare + QString(Posizioni - posizioni, u' ');
 }
 
 void SimulatoreTabellone::ricevi(const QByteArray& dati) {

@@ -1,16 +1,26 @@
 #include "simulatori/SimulatoreTag.h"
 
-#include "devices/Scarico.h"
-
+#include <numeric>
 #include <random>
 
 using namespace Qt::StringLiterals;
 
+// Everything here is made from the protocol's description, and nothing by the program's own functions: what
+// one of them does wrong is not done wrong here as well.
+
 namespace {
 
-// A line of blanks with a text at each 1-based position.
-QByteArray riga(qsizetype lunghezza, std::initializer_list<std::pair<qsizetype, QByteArray>> campi) {
-    QByteArray testo(lunghezza, ' ');
+// What stands where a record may hold anything: whatever a reader that looks a place too far would trip over,
+// but for the end of the line.
+QByteArray riempitivo(Dispositivo dispositivo, qsizetype lunghezza) {
+    const QByteArray qualsiasi = dispositivo == Dispositivo::CP520 ? "9#T\nA:7.\xE8" : "9#A\rT:7.\xE8";
+    return qualsiasi.repeated(lunghezza / qualsiasi.size() + 1).first(lunghezza);
+}
+
+// A line with a text at each 1-based position.
+QByteArray riga(Dispositivo dispositivo, qsizetype lunghezza,
+                std::initializer_list<std::pair<qsizetype, QByteArray>> campi) {
+    QByteArray testo = riempitivo(dispositivo, lunghezza);
     for (const auto& [posizione, campo] : campi)
         testo.replace(posizione - 1, campo.size(), campo);
     return testo;
@@ -18,6 +28,12 @@ QByteArray riga(qsizetype lunghezza, std::initializer_list<std::pair<qsizetype, 
 
 QByteArray dueCifre(int valore) {
     return QByteArray::number(valore).rightJustified(2, '0');
+}
+
+// A frame of the TAG CP540: its text, TAB, the sum of the text in four hexadecimal digits, CR, LF.
+QByteArray frame(const QByteArray& testo) {
+    const int somma = std::accumulate(testo.begin(), testo.end(), 0);
+    return testo + u"\t%1\r\n"_s.arg(somma, 4, 16, QChar(u'0')).toUpper().toLatin1();
 }
 
 }  // namespace
@@ -30,18 +46,19 @@ SimulatoreTag::SimulatoreTag(Dispositivo dispositivo, PseudoTerminale& linea)
 
 QByteArray SimulatoreTag::framePartenza(Dispositivo dispositivo) {
     if (dispositivo == Dispositivo::CP520)
-        return riga(31, {{1, "A"}, {16, "00:00:00.00"}, {31, "\r"}});
-    return riga(43, {{1, "T"}, {16, "        0.00000"}, {43, "\n"}});
+        return riga(dispositivo, 31, {{1, "A"}, {16, "00:00:00.00"}, {31, "\r"}});
+    return riga(dispositivo, 43, {{1, "T"}, {16, "        0.00000"}, {43, "\n"}});
 }
 
 QByteArray SimulatoreTag::frameTempo(Dispositivo dispositivo, int centesimi) {
     const QByteArray minuti = dueCifre(centesimi / 6000);
     const QByteArray secondi = dueCifre(centesimi / 100 % 60) + '.' + dueCifre(centesimi % 100);
     if (dispositivo == Dispositivo::CP520) {
-        const QByteArray primo = riga(31, {{1, "T"}, {16, "00:" + minuti + ':' + secondi}, {31, "\r"}});
-        return primo + riga(31, {{1, "T"}, {31, "\r"}});
+        return riga(dispositivo, 31, {{1, "T"}, {16, "00:" + minuti + ':' + secondi}, {31, "\r"}}) +
+               riga(dispositivo, 31, {{31, "\r"}});
     }
-    return riga(43, {{1, "T"}, {20, minuti + ':' + secondi + "000"}, {43, "\n"}}) + riga(37, {{37, "\n"}});
+    return riga(dispositivo, 43, {{1, "T"}, {20, minuti + ':' + secondi + "000"}, {43, "\n"}}) +
+           riga(dispositivo, 37, {{37, "\n"}});
 }
 
 QByteArray SimulatoreTag::rigaMemoria(Dispositivo dispositivo, int numero, QTime ora) {
@@ -49,8 +66,8 @@ QByteArray SimulatoreTag::rigaMemoria(Dispositivo dispositivo, int numero, QTime
         numero == 0 ? QByteArray(4, ' ') : QByteArray::number(numero).rightJustified(4, ' ');
     const QByteArray centesimi = ora.toString(u"hh:mm:ss."_s).toLatin1() + dueCifre(ora.msec() / 10);
     if (dispositivo == Dispositivo::CP520)
-        return riga(31, {{1, "T"}, {8, num}, {16, centesimi}, {31, "\r"}});
-    return riga(31, {{1, "A"}, {4, num}, {17, centesimi + "000"}, {31, "\n"}});
+        return riga(dispositivo, 31, {{1, "T"}, {8, num}, {16, centesimi}, {31, "\r"}});
+    return riga(dispositivo, 34, {{1, "A"}, {4, num}, {17, centesimi + "000"}, {34, "\n"}});
 }
 
 void SimulatoreTag::partenza() {
@@ -131,7 +148,8 @@ void SimulatoreTag::ricevi(const QByteArray& dati) {
 void SimulatoreTag::rispondi(const QByteArray& comando) {
     constexpr QByteArrayView Scarica("#DL_");
     if (comando == "#ID\t") {
-        invia("SN " + m_serie.leftJustified(5, u' ', true).toLatin1() + " TAG CP540\r\n" + frameAccettato());
+        invia(riempitivo(m_dispositivo, 3) + m_serie.leftJustified(5, u' ', true).toLatin1() +
+              riempitivo(m_dispositivo, 20) + frame("AK C"));
     } else if (comando.startsWith(Scarica) && comando.endsWith('\t')) {
         inviaManche(comando.sliced(Scarica.size()).chopped(1));
     }
@@ -140,11 +158,12 @@ void SimulatoreTag::rispondi(const QByteArray& comando) {
 void SimulatoreTag::inviaManche(const QByteArray& manche) {
     const int numero = manche.toInt();
     if (!m_memoria.contains(numero)) {
-        invia(frameRifiutato());
+        invia(frame("AK F"));
         return;
     }
-    const QByteArray dati = frameAccettato() + "TAG CP540\t" + m_serie.toLatin1() + "\r\nMANCHE " +
-                            dueCifre(numero) + "\r\n" + m_memoria.value(numero).join() +
-                            frameFine(QString::number(m_coda.value_or(numero)));
+    // Two lines of head, such as would pass for passages.
+    const QByteArray testata = "A#T   1#TAG:.T#A12:34:56.78901\r\n";
+    const QByteArray dati = frame("AK C") + testata + testata + m_memoria.value(numero).join() +
+                            frame("DE " + dueCifre(m_coda.value_or(numero)));
     invia(dati.left(m_taglio.value_or(dati.size())));
 }

@@ -9,7 +9,7 @@
 #include <QTime>
 
 // A TAG CP520 or TAG CP540 on a pseudo-terminal: on-line runs, its memory, and, for the TAG CP540, its
-// answers to "#ID" and "#DL_".
+// answers to "#ID" and "#DL_". Where its records may hold anything, they do.
 class SimulatoreTag final : public QObject {
     Q_OBJECT
 
