@@ -1,5 +1,6 @@
 #include "entries/ModuloEquipaggi.h"
 
+#include "common/Campi.h"
 #include "common/Dialoghi.h"
 #include "common/Funzioni.h"
 #include "common/Public.h"
@@ -382,7 +383,7 @@ bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
     campo->event(evento);  // the field must have let go before the focus may come back to it
     const QScopedValueRollback guardia(m_senzaControlli, true);
     if (!controllaCampo(campo))
-        campo->setFocus(Qt::OtherFocusReason);
+        tornaSu(campo);
     return true;
 }
 

@@ -24,7 +24,7 @@ bool accettato(QWidget* finestra, const std::optional<Rifiuto>& rifiuto) {
     Dialoghi::corrente().messaggio(rifiuto->titolo, rifiuto->testo, rifiuto->icona);
     if (auto* controllo = finestra->findChild<QWidget*>(rifiuto->campo);
         controllo && !rifiuto->campo.isEmpty())
-        controllo->setFocus();
+        tornaSu(controllo);
     return false;
 }
 
