@@ -44,7 +44,7 @@ void elencaFinestre() {
 class Aperta final {
 public:
     explicit Aperta(int posto) {
-        if (!Conn().isOpen())
+        if (!Conn().aperta())
             ApriDataBase();  // the main window closes it behind itself
         finestra = catalogoFinestre()[static_cast<std::size_t>(posto)].crea();
         finestra->show();
