@@ -20,14 +20,10 @@ seed() {
       printf 'AK C\t00EF\r\n\2AK F\t00F2\r\n\2AK C\t00EF\r\nH\r\nH\r\nA\nDE 07\t0110\r\n\3\1' >"$corpus/intera"
       ;;
     versione) printf '1\r\n2\n-30' >"$corpus/tre" ;;
-    http)
-      printf '\3HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n1;x\r\n2\r\n0\r\nX: y\r\n\r\n' >"$corpus/pezzi"
-      printf '\51HTTP/1.1 103 E\r\n\r\nHTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n1\n2\n3' >"$corpus/intera"
-      ;;
     *) cp $streams/"$1"*.flusso "$corpus" ;;
   esac
 }
-for target in online scarico520 scarico540 identita conversazione versione http; do
+for target in online scarico520 scarico540 identita conversazione versione; do
   corpus=build/fuzz/corpus/$target
   log=build/fuzz/$target.log
   mkdir -p "$corpus"

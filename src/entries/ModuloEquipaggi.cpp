@@ -155,10 +155,11 @@ void ModuloEquipaggi::preparaCampiEquipaggio() {
             applicaFiltro(box, Filtro::Cifre);
         if (colonna.completa)
             completaDa(box, u"Equipaggi"_s, QString::fromLatin1(colonna.nome));
-        if (colonna.tipo == TipoDato::Data)
+        if (colonna.tipo == TipoDato::Data) {
             m_date << box;
-        else
+        } else {
             limitaTesto(box);
+        }
     });
     connect(m_txtAnn, &QLineEdit::textEdited, this, [this] { m_annoDaValidare = true; });
 }

@@ -159,10 +159,11 @@ void Elenco::keyPressEvent(QKeyEvent* evento) {
     switch (evento->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (m_invioAvanti)
+            if (m_invioAvanti) {
                 focusNextPrevChild(true);
-            else if (nuovo)
+            } else if (nuovo) {
                 Q_EMIT aperto();
+            }
             return;
         case Qt::Key_Space:
             if (!apriConSpazio())

@@ -45,15 +45,13 @@ void frmUtilityPMI::mostra(QLineEdit* campo, const std::optional<QString>& risul
 
 // Back to the field that cannot be used for the result of that one.
 void frmUtilityPMI::rifiuta(const QLineEdit* campo) {
-    QLineEdit* errato = nullptr;
-    for (QLineEdit* altro : {m_ui->t, m_ui->s, m_ui->v}) {
-        const bool valido = altro == m_ui->t ? !valoreMascherato(altro, Maschera::Ora).isEmpty()
-                                             : leggiNumero(altro->text()).value_or(0) > 0;
-        if (altro != campo && (!errato || !valido))
-            errato = altro;
-        if (altro != campo && !valido)
-            break;
-    }
+    QList<QLineEdit*> dati{m_ui->t, m_ui->s, m_ui->v};
+    dati.removeIf([campo](const QLineEdit* dato) { return dato == campo; });
+    const auto valido = [this](const QLineEdit* dato) {
+        return dato == m_ui->t ? !valoreMascherato(dato, Maschera::Ora).isEmpty()
+                               : leggiNumero(dato->text()).value_or(0) > 0;
+    };
+    QLineEdit* errato = valido(dati[0]) ? dati[1] : dati[0];
     errato->setFocus();
     errato->selectAll();
 }

@@ -1,140 +1,105 @@
 #include "shell/ScaricoHttp.h"
 
+#include <curl/curl.h>
 #include <QCoreApplication>
-#include <QNetworkProxy>
-#include <QSslSocket>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MassimoRinvii = 3;
-constexpr int Ottimo = 200;
-constexpr int PrimoRinvio = 300;
-constexpr int DopoIRinvii = 400;
-constexpr qsizetype PesoDeiPezzi = 8;      // in chunks of one byte each, every byte weighs six
-constexpr qint64 MassimoInAttesa = 65536;  // bytes that a line holds unread
-
-bool sicuro(const QUrl& indirizzo) {
-    return indirizzo.scheme() == u"https";
-}
-
-bool raggiungibile(const QUrl& indirizzo) {
-    return indirizzo.isValid() && !indirizzo.host().isEmpty() &&
-           (sicuro(indirizzo) || indirizzo.scheme() == u"http");
-}
-
-QByteArray testoDomanda(const QUrl& indirizzo) {
-    constexpr auto Tutto = QUrl::FullyEncoded;
-    QByteArray risorsa = indirizzo.path(Tutto).toLatin1();
-    if (risorsa.isEmpty())
-        risorsa = "/";
-    if (indirizzo.hasQuery())
-        risorsa += '?' + indirizzo.query(Tutto).toLatin1();
-    return "GET " + risorsa +
-           " HTTP/1.1\r\nHost: " + indirizzo.adjusted(QUrl::RemoveUserInfo).authority(Tutto).toLatin1() +
-           "\r\nUser-Agent: Velmora/" + QCoreApplication::applicationVersion().toLatin1() +
-           "\r\nAccept-Encoding: identity\r\nCache-Control: no-cache\r\nConnection: close\r\n\r\n";
-}
+constexpr long MassimoRinvii = 3;
+constexpr long Trovato = 200;  // the one HTTP status that brings the file
+constexpr std::chrono::milliseconds Battito{10};
 
 }  // namespace
 
-ScaricoHttp::~ScaricoHttp() {
-    chiudiLinea();
+struct ScaricoHttp::Trasferimento {
+    Trasferimento() {
+        static const CURLcode Libreria = curl_global_init(CURL_GLOBAL_DEFAULT);
+        Q_UNUSED(Libreria)
+        linea = curl_easy_init();
+        tutti = curl_multi_init();
+    }
+    Q_DISABLE_COPY_MOVE(Trasferimento)
+    ~Trasferimento() {
+        curl_multi_remove_handle(tutti, linea);
+        curl_easy_cleanup(linea);
+        curl_multi_cleanup(tutti);
+    }
+
+    // The library's callbacks: fewer bytes than came end the transfer.
+    static std::size_t testata(const char* /*dati*/, std::size_t uno, std::size_t byte, void* contesto) {
+        auto& questo = *static_cast<Trasferimento*>(contesto);
+        questo.testate += static_cast<qsizetype>(uno * byte);
+        return questo.testate <= questo.massimo ? uno * byte : 0;
+    }
+    static std::size_t contenuto(const char* dati, std::size_t uno, std::size_t byte, void* contesto) {
+        auto& questo = *static_cast<Trasferimento*>(contesto);
+        questo.ricevuti.append(dati, static_cast<qsizetype>(uno * byte));
+        return questo.ricevuti.size() <= questo.massimo ? uno * byte : 0;
+    }
+
+    template <typename Valore>
+    void imposta(CURLoption opzione, Valore valore) {
+        curl_easy_setopt(linea, opzione, valore);
+    }
+
+    CURL* linea = nullptr;
+    CURLM* tutti = nullptr;
+    qsizetype massimo = 0;
+    qsizetype testate = 0;
+    QByteArray ricevuti;
+};
+
+ScaricoHttp::ScaricoHttp() : m_trasferimento(std::make_unique<Trasferimento>()) {
+    connect(&m_battito, &QTimer::timeout, this, &ScaricoHttp::avanza);
 }
+
+ScaricoHttp::~ScaricoHttp() = default;
 
 void ScaricoHttp::avvia(const QUrl& indirizzo, qsizetype massimo, std::chrono::milliseconds attesa) {
-    m_massimo = massimo;
-    m_scadenza.setSingleShot(true);
-    connect(&m_scadenza, &QTimer::timeout, this, [this] { concludi(false); });
-    m_scadenza.start(attesa);
-    collega(indirizzo);
+    Trasferimento& t = *m_trasferimento;
+    t.massimo = massimo;
+    // A server may send elsewhere, but not to where anybody could answer for it.
+    const bool sicuro = indirizzo.scheme() == "https"_L1;
+    t.imposta(CURLOPT_PROTOCOLS_STR, "http,https");
+    t.imposta(CURLOPT_REDIR_PROTOCOLS_STR, sicuro ? "https" : "http,https");
+    t.imposta(CURLOPT_FOLLOWLOCATION, 1L);
+    t.imposta(CURLOPT_MAXREDIRS, MassimoRinvii);
+    t.imposta(CURLOPT_TIMEOUT_MS, static_cast<long>(attesa.count()));
+    t.imposta(CURLOPT_NOSIGNAL, 1L);
+    t.imposta(CURLOPT_QUICK_EXIT, 1L);  // a name that is still being looked up is not waited for
+    t.imposta(CURLOPT_PROXY, "");       // none from the environment
+    t.imposta(CURLOPT_HEADERFUNCTION, &Trasferimento::testata);
+    t.imposta(CURLOPT_HEADERDATA, &t);
+    t.imposta(CURLOPT_WRITEFUNCTION, &Trasferimento::contenuto);
+    t.imposta(CURLOPT_WRITEDATA, &t);
+    t.imposta(CURLOPT_USERAGENT, ("Velmora/" + QCoreApplication::applicationVersion().toUtf8()).constData());
+    t.imposta(CURLOPT_URL, indirizzo.toEncoded().constData());
+    curl_multi_add_handle(t.tutti, t.linea);
+    m_battito.start(Battito);
 }
 
-std::optional<QByteArray> ScaricoHttp::file() const {
-    return m_riuscito ? std::optional(m_risposta->corpo()) : std::nullopt;
-}
-
-void ScaricoHttp::collega(const QUrl& indirizzo) {
-    chiudiLinea();
-    if (!raggiungibile(indirizzo)) {
+void ScaricoHttp::avanza() {
+    int inCorso = 0;
+    if (curl_multi_perform(m_trasferimento->tutti, &inCorso) != CURLM_OK) {
         concludi(false);
         return;
     }
-    constexpr int PortaHttp = 80;
-    constexpr int PortaHttps = 443;
-    m_indirizzo = indirizzo;
-    m_risposta.emplace(m_massimo, m_massimo * PesoDeiPezzi);
-    auto* cifrata = sicuro(indirizzo) ? new QSslSocket(this) : nullptr;
-    m_linea = cifrata ? cifrata : new QTcpSocket(this);
-    m_linea->setReadBufferSize(MassimoInAttesa);
-    m_linea->setProxy(QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(indirizzo)).value(0));
-    connect(m_linea, &QTcpSocket::readyRead, this, &ScaricoHttp::ricevi);
-    connect(m_linea, &QTcpSocket::errorOccurred, this, [this](QAbstractSocket::SocketError errore) {
-        if (errore != QAbstractSocket::RemoteHostClosedError)
-            concludi(false);
-    });
-    connect(m_linea, &QTcpSocket::disconnected, this, [this] {
-        const QTcpSocket* questa = m_linea;
-        ricevi();
-        if (m_linea == questa && !m_finito)  // and not one to where the server sent
-            esamina(m_risposta->chiusa());
-    });
-    if (cifrata) {
-        connect(cifrata, &QSslSocket::encrypted, this, &ScaricoHttp::domanda);
-        cifrata->connectToHostEncrypted(indirizzo.host(), static_cast<quint16>(indirizzo.port(PortaHttps)));
-    } else {
-        connect(m_linea, &QTcpSocket::connected, this, &ScaricoHttp::domanda);
-        m_linea->connectToHost(indirizzo.host(), static_cast<quint16>(indirizzo.port(PortaHttp)));
-    }
-}
-
-// Often called from within the line's own signals: it must not go at once.
-void ScaricoHttp::chiudiLinea() {
-    if (!m_linea)
+    if (inCorso > 0)
         return;
-    m_linea->disconnect(this);
-    m_linea->abort();
-    m_linea->deleteLater();
-    m_linea = nullptr;
-}
-
-void ScaricoHttp::domanda() {
-    m_linea->write(testoDomanda(m_indirizzo));
-}
-
-void ScaricoHttp::ricevi() {
-    while (m_linea && !m_finito && m_linea->bytesAvailable() > 0)
-        esamina(m_risposta->aggiungi(m_linea->read(MassimoInAttesa)));
-}
-
-void ScaricoHttp::esamina(RispostaHttp::Stato stato) {
-    if (stato == RispostaHttp::Stato::InArrivo)
-        return;
-    const int codice = m_risposta->codice();
-    if (stato == RispostaHttp::Stato::Intera && codice >= PrimoRinvio && codice < DopoIRinvii) {
-        segui();
-    } else {
-        concludi(stato == RispostaHttp::Stato::Intera && codice == Ottimo);
-    }
-}
-
-void ScaricoHttp::segui() {
-    const QUrl dove = m_indirizzo.resolved(QUrl::fromEncoded(m_risposta->destinazione()));
-    const bool menoSicuro = sicuro(m_indirizzo) && !sicuro(dove);
-    if (m_risposta->destinazione().isEmpty() || menoSicuro || ++m_rinvii > MassimoRinvii) {
-        concludi(false);
-    } else {
-        collega(dove);
-    }
+    int altri = 0;
+    const CURLMsg* messaggio = curl_multi_info_read(m_trasferimento->tutti, &altri);
+    long stato = 0;
+    curl_easy_getinfo(m_trasferimento->linea, CURLINFO_RESPONSE_CODE, &stato);
+    concludi(messaggio && messaggio->data.result == CURLE_OK && stato == Trovato);
 }
 
 void ScaricoHttp::concludi(bool riuscito) {
-    if (m_finito)
-        return;
+    m_battito.stop();
     m_finito = true;
-    m_riuscito = riuscito;
-    m_scadenza.stop();
-    chiudiLinea();
+    if (riuscito)
+        m_file = m_trasferimento->ricevuti;
+    m_trasferimento.reset();
     Q_EMIT concluso();
 }

@@ -1,20 +1,19 @@
 #pragma once
 
-#include "shell/RispostaHttp.h"
-
 #include <chrono>
+#include <memory>
+#include <optional>
 #include <QTimer>
 #include <QUrl>
 
-class QTcpSocket;
-
-// One small file from a web server, on a line of its own: what is received and how long it may take are
-// bounded, from the look-up of the name to the last byte, and when the object goes nothing of it goes on.
+// One small file from a web server. What is received, heads of the answers and of those that send elsewhere
+// included, and how long it may take, from the look-up of the name to the last byte, are bounded; when the
+// object goes nothing of it goes on.
 class ScaricoHttp final : public QObject {
     Q_OBJECT
 
 public:
-    ScaricoHttp() = default;
+    ScaricoHttp();
     Q_DISABLE_COPY_MOVE(ScaricoHttp)
     ~ScaricoHttp() override;
 
@@ -23,26 +22,18 @@ public:
 
     [[nodiscard]] bool finito() const { return m_finito; }
     // The whole file; nothing when it did not come.
-    [[nodiscard]] std::optional<QByteArray> file() const;
+    [[nodiscard]] const std::optional<QByteArray>& file() const { return m_file; }
 
 Q_SIGNALS:
     void concluso();
 
 private:
-    void collega(const QUrl& indirizzo);
-    void chiudiLinea();
-    void domanda();
-    void ricevi();
-    void esamina(RispostaHttp::Stato stato);
-    void segui();  // to where the server sends
+    struct Trasferimento;
+    void avanza();
     void concludi(bool riuscito);
 
-    QUrl m_indirizzo;
-    qsizetype m_massimo = 0;
-    int m_rinvii = 0;
-    QTcpSocket* m_linea = nullptr;
-    QTimer m_scadenza;
-    std::optional<RispostaHttp> m_risposta;
+    std::unique_ptr<Trasferimento> m_trasferimento;
+    QTimer m_battito;
+    std::optional<QByteArray> m_file;
     bool m_finito = false;
-    bool m_riuscito = false;
 };

@@ -103,7 +103,9 @@ frmMain::~frmMain() {
 
 void frmMain::carica() {
     const CursoreAttesa cursore;
-    QFile::remove(percorsoNelProgramma(u"temp.mdb"_s));  // of an interrupted import
+    // Of an interrupted import; a journal left behind would be rolled into the next copy of that name.
+    for (const QString& nome : {u"temp.mdb"_s, u"temp.mdb-journal"_s})
+        QFile::remove(percorsoNelProgramma(nome));
     impostaFileAiuto(percorsoNelProgramma(u"vlm help.hlp"_s));
     controllaArchivioPerduto();
     if (const QString avviso = PreparaArchivio(); !avviso.isEmpty())
