@@ -5,9 +5,9 @@ set -euo pipefail
 packages=(
   # building
   g++ cmake ninja-build ccache pkg-config git
-  qt6-base-dev qt6-tools-dev qt6-tools-dev-tools libgl1-mesa-dev qt6-serialport-dev libsqlite3-dev
+  qt6-base-dev qt6-tools-dev qt6-tools-dev-tools libgl1-mesa-dev qt6-serialport-dev libsqlite3-dev libcurl4-openssl-dev
   # running
-  qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra
+  qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-dejavu-extra ca-certificates
   # checking and measuring
   clang-format clang-tidy clang libclang-rt-14-dev libbenchmark-dev poppler-utils xvfb
 )

@@ -1,8 +1,11 @@
 #include "common/Applicazione.h"
 
 #include "archive/ErroreArchivio.h"
+#include "common/Aspetto.h"
 #include "common/DialoghiQt.h"
+#include "common/Schermo.h"
 
+#include <algorithm>
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,6 +18,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int Tentativi = 10;
+constexpr std::chrono::milliseconds PausaFraTentativi{100};
 
 void mostraErrore(const QString& testo) {
     Dialoghi::corrente().messaggio(u"Velmora"_s, testo, Icona::Stop);
@@ -48,11 +54,21 @@ bool premiSubito(QObject* ricevente, const QShortcutEvent& tasto) {
     return true;
 }
 
+bool aperta(const QWidget* finestra) {
+    return finestra->isVisible() &&
+           (finestra->windowType() == Qt::Window || finestra->windowType() == Qt::Dialog);
+}
+
 // True when the event has had its answer.
 bool preso(QObject* ricevente, QEvent* evento) {
     switch (evento->type()) {
         case QEvent::Polish:
             mostraComeTesto(ricevente);
+            return false;
+        case QEvent::Show:
+        case QEvent::LayoutRequest:
+            if (auto* finestra = qobject_cast<QWidget*>(ricevente); finestra && aperta(finestra))
+                adattaAlloSchermo(finestra);
             return false;
         case QEvent::KeyPress:
             return ricevente->isWidgetType() && letteraConAlt(ricevente, static_cast<QKeyEvent&>(*evento));
@@ -70,18 +86,52 @@ Applicazione::Applicazione(int& argc, char** argv)
     setApplicationName(u"VLM"_s);
     setApplicationVersion(QLatin1String(VELMORA_VERSIONE));
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    setStyle(u"Fusion"_s);
+    setPalette(coloriDelProgramma());
     auto* testi = new QTranslator(this);
     if (testi->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(testi);
     Dialoghi::installa(m_dialoghi.get());
+    m_restituzione.setSingleShot(true);
+    connect(&m_restituzione, &QTimer::timeout, this, &Applicazione::restituisciTastiera);
 }
 
 Applicazione::~Applicazione() {
     Dialoghi::installa(nullptr);
 }
 
+// A window that closes hands the keyboard to the one behind it. The window manager does that for one window;
+// where the one behind closes too before its turn has come (a notice, and the window that it was about), some
+// managers leave the keyboard with a window that is gone.
+void Applicazione::nascosta(const QWidget* finestra) {
+    const bool popup = finestra->windowType() == Qt::Popup || finestra->windowType() == Qt::ToolTip;
+    // Not when the operator is in another program.
+    if (!finestra->isWindow() || popup || applicationState() != Qt::ApplicationActive)
+        return;
+    m_tentativi = Tentativi;
+    m_restituzione.start(0);
+}
+
+void Applicazione::restituisciTastiera() {
+    const QWidgetList finestre = topLevelWidgets();
+    QWidget* sotto = activeModalWidget();
+    if (!sotto) {
+        const auto trovata = std::ranges::find_if(finestre, aperta);
+        sotto = trovata == finestre.end() ? nullptr : *trovata;
+    }
+    if (!sotto || sotto->isActiveWindow() || activePopupWidget()) {
+        m_tentativi = 0;
+        return;
+    }
+    sotto->activateWindow();
+    if (--m_tentativi > 0)
+        m_restituzione.start(PausaFraTentativi);
+}
+
 bool Applicazione::notify(QObject* ricevente, QEvent* evento) {
     try {
+        if (evento->type() == QEvent::Hide && ricevente->isWidgetType())
+            nascosta(static_cast<QWidget*>(ricevente));
         return preso(ricevente, evento) || QApplication::notify(ricevente, evento);
     } catch (const Errore& errore) {
         mostraErrore(errore.testo());

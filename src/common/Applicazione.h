@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <QApplication>
+#include <QTimer>
 
 class Dialoghi;
 
@@ -16,5 +17,10 @@ public:
     bool notify(QObject* ricevente, QEvent* evento) override;
 
 private:
+    void nascosta(const QWidget* finestra);
+    void restituisciTastiera();
+
     std::unique_ptr<Dialoghi> m_dialoghi;
+    QTimer m_restituzione;
+    int m_tentativi = 0;  // that are left to give the keyboard back
 };

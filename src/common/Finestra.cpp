@@ -1,5 +1,8 @@
 #include "common/Finestra.h"
 
+#include "archive/ErroreArchivio.h"
+#include "common/Dialoghi.h"
+#include "common/Schermo.h"
 #include "common/Subroutine.h"
 #include "common/TastiFinestra.h"
 
@@ -11,6 +14,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,6 +40,21 @@ Finestra::Finestra(QWidget* padre) : QDialog(padre), m_tasti(new TastiFinestra(t
 void Finestra::reject() {
     if (puoChiudere())
         QDialog::reject();
+}
+
+bool Finestra::lasciaDopo(const std::function<bool()>& salva, const std::function<QString()>& perduto) {
+    try {
+        const bool via = salva();
+        m_uscitaFallita = false;
+        return via;
+    } catch (const Errore& errore) {
+        if (!std::exchange(m_uscitaFallita, true))
+            throw;
+        return Dialoghi::corrente().domanda(
+            u"Conferma Chiusura"_s,
+            u"%1\n\nNON Salvato : %2\nChiudere Ugualmente la Finestra ?"_s.arg(errore.testo(), perduto()),
+            Icona::Domanda);
+    }
 }
 
 void Finestra::preparaCampi() {
@@ -85,6 +105,7 @@ bool Finestra::eventFilter(QObject* oggetto, QEvent* evento) {
     auto* controllo = qobject_cast<QWidget*>(oggetto);
     switch (evento->type()) {
         case QEvent::FocusIn:
+            portaInVista(controllo);
             if (campoDaScrivere(oggetto))
                 EvidenziaCampo(controllo);
             if (auto* box = qobject_cast<QLineEdit*>(oggetto))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <QDialog>
 
 class TastiFinestra;
@@ -20,6 +21,10 @@ public:
 protected:
     // Asked on every way of closing; false keeps the window.
     virtual bool puoChiudere() { return true; }
+    // For a puoChiudere that stores what is still open: when that throws, the operator reads why and the
+    // window stays; from the second attempt on he is asked, told what is not stored (`perduto`, in words),
+    // and may leave without it. `salva` gives false when it has told a refusal itself.
+    bool lasciaDopo(const std::function<bool()>& salva, const std::function<QString()>& perduto);
 
     // What the window reads anew whenever it becomes the active one. While it fails the operator is told
     // once, not at every activation: the box that tells it activates the window again when it closes.
@@ -40,5 +45,6 @@ protected:
 private:
     TastiFinestra* m_tasti;
     bool m_centrata = false;
+    bool m_uscitaFallita = false;
     bool m_letturaFallita = false;
 };

@@ -1,7 +1,9 @@
 #include "common/Subroutine.h"
 
+#include "common/Aspetto.h"
 #include "common/frmAiuto.h"
 #include "common/Funzioni.h"
+#include "common/Schermo.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -15,17 +17,16 @@
 
 namespace {
 
-constexpr char Limite[] = "lunghezzaMassima";
-
-const QColor SfondoEvidenziato(0x80, 0x80, 0xFF);
 const QColor SfondoSelezione(0x00, 0x00, 0x80);  // stands out on the field's blue too
 
 // A disabled field keeps the look of one.
 void coloraCampo(QWidget* campo, const QColor& sfondo, const QColor& testo) {
     QPalette colori = campo->palette();
     for (const QPalette::ColorGroup gruppo : {QPalette::Active, QPalette::Inactive}) {
-        for (const QPalette::ColorRole ruolo : {QPalette::Base, QPalette::Button})
-            colori.setColor(gruppo, ruolo, sfondo);
+        colori.setColor(gruppo, QPalette::Base, sfondo);
+        // A combo draws itself as a button, in lighter shades of it.
+        colori.setColor(gruppo, QPalette::Button,
+                        sfondo == SfondoEvidenziato ? SfondoEvidenziatoScuro : sfondo);
         for (const QPalette::ColorRole ruolo : {QPalette::Text, QPalette::ButtonText})
             colori.setColor(gruppo, ruolo, testo);
     }
@@ -57,6 +58,8 @@ private:
     const QLineEdit* m_campo;
     Filtro m_filtro;
 };
+
+constexpr char Limite[] = "lunghezzaMassima";  // property of a box
 
 class Completamento final : public QObject {
 public:
@@ -110,7 +113,12 @@ void RipristinaCampo(QWidget* campo) {
 
 void CentraFinestra(QWidget* finestra) {
     const QScreen* schermo = finestra->screen();
-    finestra->move(schermo->geometry().center() - QRect(QPoint(), finestra->size()).center());
+    const QPoint centrata = schermo->geometry().center() - QRect(QPoint(), finestra->size()).center();
+    // Title bar and frame stay on the screen.
+    const QRect ammessa(schermo->availableGeometry().topLeft(),
+                        spazioSulloSchermo(finestra) - finestra->size() + QSize(1, 1));
+    finestra->move(std::clamp(centrata.x(), ammessa.left(), std::max(ammessa.left(), ammessa.right())),
+                   std::clamp(centrata.y(), ammessa.top(), std::max(ammessa.top(), ammessa.bottom())));
 }
 
 QWidget* finestraAttiva() {

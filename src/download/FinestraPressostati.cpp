@@ -20,6 +20,7 @@ const QString Chiave = u"offline"_s;
 void preparaGriglia(QTableView* griglia, QAbstractItemModel* modello, int colonnaLarga) {
     griglia->setModel(modello);
     griglia->setSelectionBehavior(QAbstractItemView::SelectRows);
+    griglia->setSelectionMode(QAbstractItemView::SingleSelection);
     griglia->setEditTriggers(QAbstractItemView::NoEditTriggers);
     griglia->setTabKeyNavigation(false);
     griglia->setAlternatingRowColors(true);
@@ -47,7 +48,7 @@ void FinestraPressostati::collega(const Controlli& controlli, const ControlliPre
     m_pressostati.lstPre->mostra(elencaPressostati(leggiProveCronometrate(IDMan)));
     preparaGriglie();
     connect(m_pressostati.cmdSalva, &QPushButton::clicked, this, &FinestraPressostati::salva);
-    connect(m_pressostati.cmdEsci, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_pressostati.cmdEsci, &QPushButton::clicked, this, &FinestraPressostati::esci);
     m_pressostati.lstPre->setFocus();
 }
 
@@ -64,8 +65,14 @@ void FinestraPressostati::preparaGriglie() {
         titoli->setSortIndicator(colonna, Qt::AscendingOrder);
         titoli->setSortIndicatorShown(true);
         m_tempi.ordina(colonna);
+        m_pressostati.grTempi->selectRow(0);
     });
+    mostraTempi();
+}
+
+void FinestraPressostati::mostraTempi() {
     m_tempi.ricarica();
+    m_pressostati.grTempi->selectRow(0);
 }
 
 QList<Pressostato> FinestraPressostati::scelti() const {
@@ -79,7 +86,7 @@ bool FinestraPressostati::soloPrimoPressostato() const {
 bool FinestraPressostati::prepara() {
     azzeraScarico(m_azzera);
     m_daSalvare = false;
-    m_tempi.ricarica();
+    mostraTempi();
     m_scartati.mostra({});
     const QString difetto = difettoScelta(m_pressostati.lstPre->righeScelte());
     if (difetto.isEmpty())
@@ -116,8 +123,10 @@ QStringList FinestraPressostati::riepilogo(const EsitoAssegnazione& esito) const
 
 void FinestraPressostati::mostraRicevuti(const EsitoAssegnazione& esito) {
     m_daSalvare = !esito.tempi.isEmpty();
-    m_tempi.ricarica();
+    m_rinuncia = false;
+    mostraTempi();
     m_scartati.mostra(esito.scartati);
+    m_pressostati.grScartati->selectRow(0);
     const QStringList righe = riepilogo(esito);
     stato().mostra(QStringList{u"ELABORAZIONE "_s, u"TERMINATA"_s} + righe, PannelloStato::Tono::Terminata);
     Dialoghi::corrente().messaggio(
@@ -138,7 +147,7 @@ void FinestraPressostati::salva() {
         salvaTempi(scelti());
     }
     m_daSalvare = false;
-    m_tempi.ricarica();
+    mostraTempi();
     Dialoghi::corrente().messaggio(u"Salvataggio OK"_s, u"Salvataggio Completato"_s, Icona::Informazione);
 }
 
@@ -147,10 +156,27 @@ void FinestraPressostati::scriviImpostazioni() const {
     Impostazioni::corrente().scrivi(u"numero"_s, Chiave, soloPrimoPressostato() ? u"1"_s : u"0"_s);
 }
 
+// The button says what it does; Esc and the close box may be a slip.
+void FinestraPressostati::esci() {
+    m_rinuncia = true;
+    close();
+}
+
 bool FinestraPressostati::puoChiudere() {
-    FinestraScarico::puoChiudere();
-    if (m_daSalvare)
-        azzeraScarico(Azzera::SoloTempi);
-    m_daSalvare = false;
-    return true;
+    if (m_daSalvare && !m_rinuncia) {
+        m_rinuncia = Dialoghi::corrente().domanda(u"Conferma Chiusura"_s,
+                                                  u"I Tempi Ricevuti NON Sono Ancora Stati Salvati.\n"
+                                                  "Chiudere Veramente la Finestra Senza Salvarli ?"_s,
+                                                  Icona::Domanda);
+        if (!m_rinuncia)
+            return false;
+    }
+    const auto elimina = [this] {
+        if (m_daSalvare)
+            azzeraScarico(Azzera::SoloTempi);
+        m_daSalvare = false;
+        return true;
+    };
+    const auto perduto = [] { return u"i Tempi Ricevuti, che si Rivedranno alla Prossima Apertura"_s; };
+    return lasciaDopo(elimina, perduto) && FinestraScarico::puoChiudere();
 }

@@ -40,15 +40,18 @@ protected:
     void elabora(Dispositivo dispositivo, const QByteArray& flusso) override;
     [[nodiscard]] QWidget* prossimoControllo() const override;
     void scriviImpostazioni() const override;
-    bool puoChiudere() override;  // times that were not saved are dropped
+    bool puoChiudere() override;  // times that were not saved are dropped, once the operator knows
 
 private:
     void preparaGriglie();
+    void mostraTempi();
     void salva();
+    void esci();
 
     Azzera m_azzera;
     ControlliPressostati m_pressostati{};
     ModelloTempRil m_tempi;
     ModelloScartati m_scartati;
     bool m_daSalvare = false;  // times were received and not yet saved
+    bool m_rinuncia = false;   // the operator leaves them
 };

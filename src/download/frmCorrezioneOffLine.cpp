@@ -22,7 +22,8 @@ frmCorrezioneOffLine::frmCorrezioneOffLine(int idEqu, QWidget* padre)
     m_ui->lblEqu->setText(
         u"N. %1 - %2 - %3"_s.arg(QString::number(equipaggio->num), equipaggio->nome, equipaggio->veicolo));
     mostraScartati(equipaggio->num);
-    m_ui->griglia->apri(ModoGriglia::Ricezione);
+    m_ui->etichettaRilevamenti->setBuddy(m_ui->griglia->focusProxy());
+    m_ui->griglia->apri(ModoGriglia::Correzione);
     m_ui->griglia->mostraEquipaggio(idEqu, equipaggio->asi);
     m_ui->griglia->prendiFuoco();
 }
@@ -37,9 +38,13 @@ void frmCorrezioneOffLine::mostraScartati(int num) {
             m_ui->lstTempiScartati->addItem(tempo.tempo);
         }
     }
+    m_ui->lstTempiScartati->setCurrentRow(0);
 }
 
 bool frmCorrezioneOffLine::puoChiudere() {
-    m_ui->griglia->concludiModifica();
-    return true;
+    const bool via = lasciaDopo([this] { return m_ui->griglia->concludiModifica(); },
+                                [this] { return m_ui->griglia->modificaInCorso(); });
+    if (via)
+        m_ui->griglia->abbandonaModifica();
+    return via;
 }

@@ -32,6 +32,7 @@ frmErroriTempiOffLine::frmErroriTempiOffLine(QWidget* padre)
     riempi();
     if (griglia->rowCount() > 0)
         griglia->setCurrentCell(0, Vedi);
+    m_ui->lstTempiSenzaNumero->setCurrentRow(0);
     griglia->setFocus();
 }
 

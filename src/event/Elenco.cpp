@@ -1,5 +1,7 @@
 #include "event/Elenco.h"
 
+#include "common/Elenchi.h"
+
 #include <algorithm>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -68,8 +70,7 @@ void Elenco::riempi(const QList<Riga>& righe, Larghezze larghezze) {
 }
 
 void Elenco::adattaColonne() {
-    for (int i = 0; i < columnCount(); ++i)
-        resizeColumnToContents(i);
+    ::adattaColonne(this);
 }
 
 void Elenco::scegli(int riga) {
@@ -111,6 +112,11 @@ void Elenco::drawBranches(QPainter* pittore, const QRect& area, const QModelInde
     pittore->drawText(area.adjusted(0, 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter,
                       QString::number(indice.row() + 1));
     pittore->restore();
+}
+
+void Elenco::resizeEvent(QResizeEvent* evento) {
+    QTreeWidget::resizeEvent(evento);
+    adattaColonne();
 }
 
 void Elenco::mousePressEvent(QMouseEvent* evento) {

@@ -39,6 +39,7 @@ Q_SIGNALS:
 
 protected:
     void drawBranches(QPainter* pittore, const QRect& area, const QModelIndex& indice) const override;
+    void resizeEvent(QResizeEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;

@@ -124,9 +124,8 @@ void frmRicezioneONLINE::mostraEquipaggio() {
     const std::optional<EquipaggioElenco> equipaggio = m_ui->lstEq->corrente();
     if (!equipaggio)
         return;
-    m_ui->griglia->concludiModifica();
-    m_ui->lblEqu->setText(m_ui->lstEq->etichetta());
     m_ui->griglia->mostraEquipaggio(equipaggio->idEqu, equipaggio->asi);
+    m_ui->lblEqu->setText(m_ui->lstEq->etichetta());
     // One crew is chosen: the number says the same as the list.
     if (m_ui->txtNum->text().toInt() != equipaggio->num || m_ui->txtNum->text().isEmpty()) {
         const QSignalBlocker zitto(m_ui->txtNum);
@@ -252,8 +251,11 @@ void frmRicezioneONLINE::classifica() {
 }
 
 bool frmRicezioneONLINE::puoChiudere() {
-    m_ui->griglia->concludiModifica();
-    return true;
+    const bool via = lasciaDopo([this] { return m_ui->griglia->concludiModifica(); },
+                                [this] { return m_ui->griglia->modificaInCorso(); });
+    if (via)
+        m_ui->griglia->abbandonaModifica();
+    return via;
 }
 
 void frmRicezioneONLINE::done(int esito) {

@@ -12,11 +12,17 @@ namespace {
 // Layout units per point: fonts are sized in whole units, and so to a tenth of a point.
 constexpr double UnitaPerPunto = 10;
 constexpr double PuntiAlPollice = 72;
+constexpr double Tolleranza = 1e-6;     // of a size that was worked out
+constexpr qsizetype RigheMassime = 24;  // far above what the longest text of a field needs
 
-QFont componiFont(double corpo, bool grassetto) {
+int decimiDi(double corpo) {
+    return static_cast<int>(std::floor(corpo * UnitaPerPunto + Tolleranza));
+}
+
+QFont componiFont(int decimi, bool grassetto) {
     QFont font;
     font.setFamilies({u"DejaVu Sans Condensed"_s, u"Arial"_s, u"DejaVu Sans"_s});
-    font.setPixelSize(static_cast<int>(std::lround(corpo * UnitaPerPunto)));
+    font.setPixelSize(decimi);
     font.setBold(grassetto);
     // So that a text is as wide as its signs together, on every device.
     font.setKerning(false);
@@ -36,9 +42,9 @@ QStringList parole(const QString& testo) {
 
 }  // namespace
 
-Carattere::Carattere(double corpo, bool grassetto)
-    : m_corpo(corpo),
-      m_font(componiFont(corpo, grassetto)),
+Carattere::Carattere(int decimi, bool grassetto)
+    : m_corpo(decimi / UnitaPerPunto),
+      m_font(componiFont(decimi, grassetto)),
       m_misure(m_font),
       m_ascesa(m_misure.ascent() / UnitaPerPunto) {
     m_avanzi.fill(-1);
@@ -89,6 +95,7 @@ QStringList Carattere::spezza(const QString& testo, double spazio) const {
             qsizetype quanti = 1;
             while (larghezza(QStringView(parola).left(quanti + 1)) <= spazio)
                 ++quanti;
+            quanti += parola.at(quanti).isLowSurrogate() ? 1 : 0;
             righe << parola.left(quanti);
             parola.remove(0, quanti);
         }
@@ -99,30 +106,43 @@ QStringList Carattere::spezza(const QString& testo, double spazio) const {
 }
 
 const Carattere& Caratteri::carattere(double corpo, bool grassetto) {
-    auto& posto = m_caratteri[{static_cast<int>(std::lround(corpo * UnitaPerPunto)), grassetto}];
+    const int decimi = std::max(decimiDi(corpo), 1);
+    auto& posto = m_caratteri[{decimi, grassetto}];
     if (!posto)
-        posto = std::make_shared<const Carattere>(corpo, grassetto);
+        posto = std::make_shared<const Carattere>(decimi, grassetto);
     return *posto;
 }
 
-TestoAdatto Caratteri::adatta(const QString& testo, double spazio, const Carattere& carattereIntero,
-                              double minimo) {
-    const double larghezza = carattereIntero.larghezza(testo);
+// The largest size, from `minimo` of the font's own up, at which a text is one line; none when there is none.
+const Carattere* Caratteri::misuraUnaRiga(const QString& testo, double spazio, const Carattere& intero,
+                                          double minimo) {
+    const double larghezza = intero.larghezza(testo);
     if (larghezza <= spazio)
-        return {&carattereIntero, {testo}};
-    const double scala = std::max(spazio / larghezza, minimo);
-    const double corpo = std::floor(carattereIntero.corpo() * scala * UnitaPerPunto) / UnitaPerPunto;
-    const Carattere& ridotto = carattere(corpo, carattereIntero.font().bold());
-    if (ridotto.larghezza(testo) <= spazio)
-        return {&ridotto, {testo}};
+        return &intero;
+    const int minimi = decimiDi(intero.corpo() * minimo);
+    for (int decimi = decimiDi(intero.corpo() * spazio / larghezza); decimi >= minimi; --decimi) {
+        const Carattere& ridotto = carattere(decimi / UnitaPerPunto, intero.font().bold());
+        if (ridotto.larghezza(testo) <= spazio)
+            return &ridotto;
+    }
+    return nullptr;
+}
+
+TestoAdatto Caratteri::suUnaRiga(const QString& testo, double spazio, const Carattere& intero,
+                                 double minimo) {
+    if (const Carattere* adatto = misuraUnaRiga(testo, spazio, intero, minimo))
+        return {adatto, {testo}};
+    const Carattere& ridotto = carattere(intero.corpo() * minimo, intero.font().bold());
     return {&ridotto, {ridotto.accorcia(testo, spazio)}};
 }
 
-TestoAdatto Caratteri::adattaSuRighe(const QString& testo, double spazio, const Carattere& carattereIntero,
-                                     qsizetype righe) {
-    const Carattere* ultimo = &carattereIntero;
+TestoAdatto Caratteri::adatta(const QString& testo, double spazio, const Carattere& intero, double minimo,
+                              qsizetype righe) {
+    if (const Carattere* adatto = testo.isEmpty() ? &intero : misuraUnaRiga(testo, spazio, intero, minimo))
+        return {adatto, {testo}};
+    const Carattere* ultimo = &intero;
     for (const double scala : {1.0, 0.92, 0.84, 0.76, 0.7}) {
-        ultimo = &carattere(carattereIntero.corpo() * scala, carattereIntero.font().bold());
+        ultimo = &carattere(intero.corpo() * scala, intero.font().bold());
         if (ultimo->parolaPiuLunga(testo) > spazio)
             continue;
         const QStringList spezzato = ultimo->spezza(testo, spazio);
@@ -130,9 +150,9 @@ TestoAdatto Caratteri::adattaSuRighe(const QString& testo, double spazio, const 
             return {ultimo, spezzato};
     }
     QStringList spezzato = ultimo->spezza(testo, spazio);
-    if (spezzato.size() > righe) {
-        const QString resto = spezzato.mid(righe - 1).join(u' ');
-        spezzato = spezzato.first(righe - 1) << ultimo->accorcia(resto, spazio);
+    if (spezzato.size() > RigheMassime) {
+        const QString resto = spezzato.mid(RigheMassime - 1).join(u' ');
+        spezzato = spezzato.first(RigheMassime - 1) << ultimo->accorcia(resto, spazio);
     }
     return {ultimo, spezzato};
 }

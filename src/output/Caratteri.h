@@ -14,9 +14,10 @@ class QPainter;
 
 // Fonts of the reports, measured once. All lengths are points (1/72 inch), whatever the device.
 
+// A font of a whole number of tenths of a point: what is measured with it is drawn with it.
 class Carattere final {
 public:
-    Carattere(double corpo, bool grassetto);
+    Carattere(int decimi, bool grassetto);
 
     [[nodiscard]] double corpo() const { return m_corpo; }
     [[nodiscard]] double ascesa() const { return m_ascesa; }
@@ -46,14 +47,20 @@ struct TestoAdatto {
 
 class Caratteri final {
 public:
+    // The largest font not above a size.
     const Carattere& carattere(double corpo, bool grassetto = false);
-    // Smaller where the room is short, down to `minimo` of the size; beyond that with "…" at the end.
-    TestoAdatto adatta(const QString& testo, double spazio, const Carattere& carattere, double minimo = 0.8);
-    // The same over several lines, at the largest size that cuts no word.
-    TestoAdatto adattaSuRighe(const QString& testo, double spazio, const Carattere& carattere,
-                              qsizetype righe);
+    // One line: smaller where the room is short, down to `minimo` of the size; beyond that with "…" at the
+    // end.
+    TestoAdatto suUnaRiga(const QString& testo, double spazio, const Carattere& carattere, double minimo);
+    // One line as above, else several: the largest size that cuts no word and needs no more than `righe`,
+    // else the smallest size and as many lines as it takes.
+    TestoAdatto adatta(const QString& testo, double spazio, const Carattere& carattere, double minimo,
+                       qsizetype righe);
 
 private:
+    const Carattere* misuraUnaRiga(const QString& testo, double spazio, const Carattere& carattere,
+                                   double minimo);
+
     QHash<std::pair<int, bool>, std::shared_ptr<const Carattere>> m_caratteri;
 };
 

@@ -103,17 +103,28 @@ QList<Pagina> impagina(const Ingombri& ingombri) {
 
 QList<double> ripartisci(const QList<Larghezza>& colonne, double spazio) {
     QList<double> larghezze(colonne.size(), 0.0);
-    double resto = spazio;
     QList<qsizetype> strette;  // those that may have to do with less than they need
+    double perStrette = 0;     // but not with less than half their share
+    double perTutte = 0;
+    double necessarie = 0;
     for (qsizetype i = 0; i < colonne.size(); ++i) {
-        if (!colonne.at(i).rigida) {
+        perTutte += colonne.at(i).quota;
+        if (colonne.at(i).rigida) {
+            necessarie += colonne.at(i).necessaria;
+        } else {
             strette << i;
-            continue;
+            perStrette += colonne.at(i).quota;
         }
-        larghezze[i] = colonne.at(i).necessaria;
+    }
+    const double massimo = perTutte > 0 ? spazio * (1 - perStrette / perTutte / 2) : spazio;
+    const double ridotte = std::min(1.0, massimo / std::max(necessarie, Tolleranza));
+    double resto = spazio;
+    for (qsizetype i = 0; i < colonne.size(); ++i) {
+        if (!colonne.at(i).rigida)
+            continue;
+        larghezze[i] = colonne.at(i).necessaria * ridotte;
         resto -= larghezze[i];
     }
-    resto = std::max(resto, 0.0);
     // Whoever needs less than its share gives the difference to the others, until nobody does.
     for (bool cambiato = true; cambiato && !strette.isEmpty();) {
         const double quote = std::accumulate(strette.cbegin(), strette.cend(), 0.0,
@@ -137,8 +148,7 @@ QList<double> ripartisci(const QList<Larghezza>& colonne, double spazio) {
     const double usato = somma(larghezze);
     if (usato <= 0)
         return larghezze;
-    // Room left over goes to the columns that had to share, the others breathe a little; too little room is
-    // taken from all alike.
+    // Room left over goes to the columns that had to share, the others breathe a little.
     double rigide = 0;
     for (qsizetype i = 0; i < colonne.size(); ++i)
         rigide += colonne.at(i).rigida ? larghezze.at(i) : 0;

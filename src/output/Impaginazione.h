@@ -42,8 +42,8 @@ struct Pagina {
 QList<Pagina> impagina(const Ingombri& ingombri);
 
 // Widths of columns in a room: those that must not be narrowed (`rigide`) get what they need, the others
-// share the rest by `quote`; none gets more than it needs while another is short. Room left over widens all
-// but the empty ones.
+// share the rest by `quote`, and never less than half their share of the whole; none gets more than it needs
+// while another is short. Room left over widens all but the empty ones.
 struct Larghezza {
     double necessaria = 0;
     double quota = 1;

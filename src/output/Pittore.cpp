@@ -24,31 +24,20 @@ constexpr double CorpoPiede = 9.5;
 constexpr double AltezzaPiede = CorpoPiede * 1.75;
 constexpr qsizetype RigheEsclusiAlFondo = 5;  // beyond these they would crowd the rows out of every page
 
-double altezzaVoci(qsizetype riga) {
-    return (riga == 0 ? CorpoPrimaVoce : CorpoVoci) * 1.75;
-}
-
-double altezzaTestaGruppo(const GruppoRapporto& gruppo) {
-    double altezza = 8;
-    for (qsizetype i = 0; i < gruppo.testa.size(); ++i)
-        altezza += altezzaVoci(i);
-    return altezza;
-}
+constexpr double AriaScheda = 6;  // between a card's heading and its rows
+constexpr double MinimoTesta = 0.55;
+constexpr double MinimoVoci = 0.65;
+constexpr qsizetype RigheTesta = 2;  // a head gets smaller rather than longer than these
 
 double altezzaPiedeGruppo(const GruppoRapporto& gruppo) {
     return gruppo.piede.isEmpty() ? 0 : static_cast<double>(gruppo.piede.size()) * AltezzaPiede + 8;
 }
 
-// Everything that must fit under one head.
-QList<const QStringList*> campioneRighe(const Rapporto& rapporto) {
-    QList<const QStringList*> campione;
-    for (const GruppoRapporto& gruppo : rapporto.gruppi) {
-        for (const QStringList& riga : gruppo.righe)
-            campione << &riga;
-        for (const RigaPiede& piede : gruppo.piede)
-            campione << &piede.valori;
-    }
-    return campione;
+// The group's own cells where it goes on.
+QStringList celleSeguito(const GruppoRapporto& gruppo) {
+    QStringList celle = gruppo.celle;
+    celle.last() += u" (segue)"_s;
+    return celle;
 }
 
 }  // namespace
@@ -57,18 +46,26 @@ Pittore::Pittore(const Rapporto& rapporto, QSizeF foglio)
     : m_rapporto(rapporto), m_larghezza(foglio.width()), m_altezza(foglio.height()) {
     const bool fitta =
         std::ranges::any_of(rapporto.colonne, [](const auto& c) { return !c.sopra.isEmpty(); });
+    QList<Tavola::Campione> campione;  // everything that must fit under one head
+    QList<Tavola::Campione> gruppi;
+    for (const GruppoRapporto& gruppo : rapporto.gruppi) {
+        for (const QStringList& riga : gruppo.righe)
+            campione.append({&riga});
+        for (const RigaPiede& piede : gruppo.piede)
+            campione.append({&piede.valori, &caratterePiede(piede)});
+        gruppi.append({&gruppo.celle});
+    }
     m_tavola = std::make_unique<Tavola>(
-        rapporto.colonne, campioneRighe(rapporto), m_larghezza,
+        rapporto.colonne, campione, m_larghezza,
         Tavola::Aspetto{
             .corpo = CorpoTabella, .minore = !rapporto.colonneGruppo.isEmpty(), .verticali = fitta},
         m_caratteri);
     if (!rapporto.colonneGruppo.isEmpty()) {
-        QList<const QStringList*> celle;
-        for (const GruppoRapporto& gruppo : rapporto.gruppi)
-            celle << &gruppo.celle;
-        m_tavolaGruppo = std::make_unique<Tavola>(rapporto.colonneGruppo, celle, m_larghezza,
+        m_tavolaGruppo = std::make_unique<Tavola>(rapporto.colonneGruppo, gruppi, m_larghezza,
                                                   Tavola::Aspetto{.corpo = 11, .gruppo = true}, m_caratteri);
     }
+    m_testaIntera = componiTestaIntera();
+    m_testaBreve = componiTestaBreve();
     // A number does not part from its "N.".
     const QString esclusi = rapporto.etichetta(u"lblEsc"_s).replace(u" N. "_s, u" N.\u00A0"_s);
     m_esclusi = m_caratteri.carattere(CorpoFondo).spezza(esclusi, m_larghezza);
@@ -78,16 +75,14 @@ Pittore::Pittore(const Rapporto& rapporto, QSizeF foglio)
 
 double Pittore::altezzaTesta(bool intera) const {
     const double gruppo = m_tavolaGruppo ? m_tavolaGruppo->altezzaTestata() + 2 : 0;
-    if (!intera)
-        return 20 + gruppo;
-    return (m_rapporto.etichetta(u"lblClub"_s).isEmpty() ? 56 : 70) + gruppo;
+    return (intera ? m_testaIntera : m_testaBreve).altezza() + gruppo;
 }
 
 double Pittore::altezzaFondo() const {
     return PassoFondo * static_cast<double>(1 + (m_esclusiInCoda ? 0 : m_esclusi.size())) + 8;
 }
 
-Ingombri Pittore::ingombri() const {
+Ingombri Pittore::ingombri() {
     Ingombri risultato;
     risultato.primaPagina = m_altezza - altezzaTesta(true) - altezzaFondo();
     risultato.altraPagina = m_altezza - altezzaTesta(false) - altezzaFondo();
@@ -95,11 +90,13 @@ Ingombri Pittore::ingombri() const {
     risultato.fraGruppi = 8;
     for (const GruppoRapporto& gruppo : m_rapporto.gruppi) {
         IngombroGruppo ingombro{.testata = m_tavola->altezzaTestata()};
-        if (m_tavolaGruppo)
-            ingombro.testa = ingombro.testaSeguito = m_tavolaGruppo->altezzaRiga() + 2;
+        if (m_tavolaGruppo) {
+            ingombro.testa = m_tavolaGruppo->altezzaRiga(gruppo.celle) + 2;
+            ingombro.testaSeguito = m_tavolaGruppo->altezzaRiga(celleSeguito(gruppo)) + 2;
+        }
         if (!gruppo.testa.isEmpty()) {
-            ingombro.testa = altezzaTestaGruppo(gruppo) + 6;
-            ingombro.testaSeguito = altezzaVoci(0) + 8;
+            ingombro.testa = componiTestaScheda(gruppo).altezza();
+            ingombro.testaSeguito = componiSeguito(gruppo).altezza();
         }
         for (const QStringList& riga : gruppo.righe)
             ingombro.righe << m_tavola->altezzaRiga(riga);
@@ -118,11 +115,7 @@ Ingombri Pittore::ingombri() const {
 void Pittore::disegna(QPainter& pittore, double puntiPerPollice, qsizetype numero) {
     Penna penna(pittore, puntiPerPollice);
     const Pagina& pagina = m_pagine.at(numero);
-    if (pagina.testaIntera) {
-        disegnaTestaIntera(penna);
-    } else {
-        disegnaTestaBreve(penna);
-    }
+    (pagina.testaIntera ? m_testaIntera : m_testaBreve).disegna(penna, 0);
     const double alto = altezzaTesta(pagina.testaIntera);
     if (m_tavolaGruppo)
         m_tavolaGruppo->disegnaTestata(penna, alto - m_tavolaGruppo->altezzaTestata() - 2);
@@ -138,41 +131,99 @@ QString Pittore::dicituraETesto(const QString& nome) const {
     return trovata->dicitura.isEmpty() ? trovata->testo : trovata->dicitura + u' ' + trovata->testo;
 }
 
-void Pittore::disegnaTestaIntera(Penna& penna) {
+Blocco Pittore::componiTestaIntera() {
     const QString titolo = dicituraETesto(u"lblTitolo"_s) + dicituraETesto(u"lblNomeManifestazione"_s);
     const QString club = dicituraETesto(u"lblClub"_s);
     const Carattere& piccolo = m_caratteri.carattere(10);
-    const TestoAdatto data = m_caratteri.adatta(dicituraETesto(u"lblData"_s), m_larghezza / 2, piccolo);
-    const double larghezzaData = data.carattere->larghezza(data.righe.first());
+    const TestoAdatto data =
+        m_caratteri.adatta(dicituraETesto(u"lblData"_s), m_larghezza / 2, piccolo, 0.8, RigheTesta);
+    double larghezzaData = 0;
+    for (const QString& riga : data.righe)
+        larghezzaData = std::max(larghezzaData, data.carattere->larghezza(riga));
+    const double spazioNome = m_larghezza - larghezzaData - 16;
     const TestoAdatto nome =
-        m_caratteri.adatta(titolo, m_larghezza - larghezzaData - 16, m_caratteri.carattere(15, true), 0.55);
-    penna.scrivi(*nome.carattere, 0, 16, nome.righe.first(), Colori::Titolo);
-    penna.scrivi(*data.carattere, m_larghezza - larghezzaData, 16, data.righe.first(), Colori::Testo);
-    double y = 23;
+        m_caratteri.adatta(titolo, spazioNome, m_caratteri.carattere(15, true), MinimoTesta, RigheTesta);
+    Blocco testa;
+    double y = testa.scrivi(nome, 0, spazioNome, Allineamento::Sinistra, 16, Colori::Titolo);
+    y = std::max(
+        y, testa.scrivi(data, spazioNome, m_larghezza - spazioNome, Allineamento::Destra, 16, Colori::Testo));
     if (!club.isEmpty()) {
-        const TestoAdatto testo = m_caratteri.adatta(club, m_larghezza, piccolo, 0.7);
-        penna.scrivi(*testo.carattere, 0, 31, testo.righe.first(), Colori::Testo);
-        y = 37;
+        const TestoAdatto testo = m_caratteri.adatta(club, m_larghezza, piccolo, 0.7, RigheTesta);
+        y = testa.scrivi(testo, 0, m_larghezza, Allineamento::Sinistra, y + 15, Colori::Testo) - 1;
     }
-    penna.linea(0, m_larghezza, y, 1.6, Colori::Titolo);
+    testa.linea(0, m_larghezza, y + 7, 1.6, Colori::Titolo);
     const TestoAdatto tipo = m_caratteri.adatta(m_rapporto.etichetta(u"lblTipoClas"_s), m_larghezza,
-                                                m_caratteri.carattere(13, true), 0.55);
-    penna.scrivi(*tipo.carattere, (m_larghezza - tipo.carattere->larghezza(tipo.righe.first())) / 2, y + 21,
-                 tipo.righe.first(), Colori::Testo);
+                                                m_caratteri.carattere(13, true), MinimoTesta, RigheTesta);
+    y = testa.scrivi(tipo, 0, m_larghezza, Allineamento::Centro, y + 28, Colori::Testo);
+    testa.impostaAltezza(y + 12);
+    return testa;
 }
 
-void Pittore::disegnaTestaBreve(Penna& penna) {
-    const Carattere& forte = m_caratteri.carattere(8.5, true);
-    const Carattere& normale = m_caratteri.carattere(8.5);
+Blocco Pittore::componiTestaBreve() {
     const double meta = m_larghezza / 2 - 8;
     const QString nomeEvento =
         m_rapporto.etichetta(u"lblTitolo"_s) + m_rapporto.etichetta(u"lblNomeManifestazione"_s);
-    const TestoAdatto titolo = m_caratteri.adatta(nomeEvento, meta, forte);
-    const TestoAdatto tipo = m_caratteri.adatta(m_rapporto.etichetta(u"lblTipoClas"_s), meta, normale);
-    penna.scrivi(*titolo.carattere, 0, 9, titolo.righe.first(), Colori::Titolo);
-    penna.scrivi(*tipo.carattere, m_larghezza - tipo.carattere->larghezza(tipo.righe.first()), 9,
-                 tipo.righe.first(), Colori::Testo);
-    penna.linea(0, m_larghezza, 14, 0.9, Colori::Titolo);
+    const TestoAdatto titolo =
+        m_caratteri.adatta(nomeEvento, meta, m_caratteri.carattere(8.5, true), 0.8, RigheTesta);
+    const TestoAdatto tipo = m_caratteri.adatta(m_rapporto.etichetta(u"lblTipoClas"_s), meta,
+                                                m_caratteri.carattere(8.5), 0.8, RigheTesta);
+    Blocco testa;
+    const double y =
+        std::max(testa.scrivi(titolo, 0, meta, Allineamento::Sinistra, 9, Colori::Titolo),
+                 testa.scrivi(tipo, m_larghezza - meta, meta, Allineamento::Destra, 9, Colori::Testo));
+    testa.linea(0, m_larghezza, y + 5, 0.9, Colori::Titolo);
+    testa.impostaAltezza(y + 11);
+    return testa;
+}
+
+Blocco Pittore::componiTestaScheda(const GruppoRapporto& gruppo) {
+    Blocco testa;
+    double y = 4;
+    for (qsizetype i = 0; i < gruppo.testa.size(); ++i)
+        y = componiVoci(testa, gruppo.testa.at(i), y, i == 0 ? CorpoPrimaVoce : CorpoVoci);
+    y += 4;
+    testa.riempi(QRectF(0, 0, m_larghezza, y), Colori::Alterna);
+    testa.riempi(QRectF(0, 0, 3, y), Colori::Titolo);
+    testa.impostaAltezza(y + AriaScheda);
+    return testa;
+}
+
+// Who it is, and that it is not its beginning.
+Blocco Pittore::componiSeguito(const GruppoRapporto& gruppo) {
+    QList<Voce> voci = gruppo.testa.first();
+    voci.last().valore += u" (segue)"_s;
+    Blocco testa;
+    testa.impostaAltezza(componiVoci(testa, voci, 0, CorpoPrimaVoce) + 8);
+    return testa;
+}
+
+double Pittore::componiVoci(Blocco& blocco, const QList<Voce>& voci, double y, double corpo) {
+    double quote = 0;
+    for (const Voce& voce : voci)
+        quote += voce.larghezza;
+    const double inizio = 10;
+    double x = inizio;
+    const double base = y + corpo * 1.25;
+    double ultima = base;
+    const Carattere& minuto = m_caratteri.carattere(CorpoVoci - 1.5);
+    const Carattere& forte = m_caratteri.carattere(corpo, true);
+    for (const Voce& voce : voci) {
+        const double fine = x + (m_larghezza - inizio) * voce.larghezza / quote - 8;
+        const TestoAdatto etichetta{&minuto, {voce.etichetta.trimmed()}};
+        blocco.scrivi(etichetta, x, 0, Allineamento::Sinistra, base, Colori::Tenue);
+        const double daValore = x + minuto.larghezza(etichetta.righe.first()) + 4;
+        const double larghezzaCoda = voce.coda.isEmpty() ? 0 : forte.larghezza(voce.coda) + 8;
+        const TestoAdatto valore =
+            m_caratteri.adatta(voce.valore, fine - daValore - larghezzaCoda, forte, MinimoVoci, RigheTesta);
+        ultima = std::max(ultima, blocco.scrivi(valore, daValore, fine - daValore, Allineamento::Sinistra,
+                                                base, Colori::Testo));
+        double daCoda = daValore;
+        for (const QString& riga : valore.righe)
+            daCoda = std::max(daCoda, daValore + valore.carattere->larghezza(riga) + 8);
+        blocco.scrivi({&forte, {voce.coda}}, daCoda, 0, Allineamento::Sinistra, base, Colori::Testo);
+        x = fine + 8;
+    }
+    return ultima + corpo * 0.5;
 }
 
 void Pittore::disegnaFondo(Penna& penna, qsizetype numero) {
@@ -197,10 +248,8 @@ void Pittore::disegnaElemento(Penna& penna, const Elemento& elemento, double y) 
         elemento.gruppo < m_rapporto.gruppi.size() ? m_rapporto.gruppi.at(elemento.gruppo) : Vuoto;
     switch (elemento.pezzo) {
         case Pezzo::Testa:
-            disegnaTestaGruppo(penna, gruppo, y, elemento.altezza);
-            break;
         case Pezzo::TestaSeguito:
-            disegnaSeguito(penna, gruppo, y, elemento.altezza);
+            disegnaTestaGruppo(penna, gruppo, elemento, y);
             break;
         case Pezzo::Testata:
             m_tavola->disegnaTestata(penna, y);
@@ -218,58 +267,25 @@ void Pittore::disegnaElemento(Penna& penna, const Elemento& elemento, double y) 
     }
 }
 
-void Pittore::disegnaTestaGruppo(Penna& penna, const GruppoRapporto& gruppo, double y, double altezza) {
+void Pittore::disegnaTestaGruppo(Penna& penna, const GruppoRapporto& gruppo, const Elemento& elemento,
+                                 double y) {
+    const bool seguito = elemento.pezzo == Pezzo::TestaSeguito;
     if (m_tavolaGruppo) {
-        m_tavolaGruppo->disegnaRiga(penna, y, altezza - 2, gruppo.celle, false);
-        return;
-    }
-    penna.riempi(QRectF(0, y, m_larghezza, altezza - 6), Colori::Alterna);
-    penna.riempi(QRectF(0, y, 3, altezza - 6), Colori::Titolo);
-    double riga = y + 4;
-    for (qsizetype i = 0; i < gruppo.testa.size(); ++i) {
-        disegnaVoci(penna, gruppo.testa.at(i), riga, i == 0 ? CorpoPrimaVoce : CorpoVoci);
-        riga += altezzaVoci(i);
+        m_tavolaGruppo->disegnaRiga(penna, y, elemento.altezza - 2,
+                                    seguito ? celleSeguito(gruppo) : gruppo.celle, false);
+    } else {
+        (seguito ? componiSeguito(gruppo) : componiTestaScheda(gruppo)).disegna(penna, y);
     }
 }
 
-// A group that goes on: who it is, and that it is not its beginning.
-void Pittore::disegnaSeguito(Penna& penna, const GruppoRapporto& gruppo, double y, double altezza) {
-    if (m_tavolaGruppo) {
-        QStringList celle = gruppo.celle;
-        celle.last() += u" (segue)"_s;
-        m_tavolaGruppo->disegnaRiga(penna, y, altezza - 2, celle, false);
-        return;
-    }
-    QList<Voce> voci = gruppo.testa.first();
-    voci.last().valore += u" (segue)"_s;
-    disegnaVoci(penna, voci, y, CorpoPrimaVoce);
-}
-
-void Pittore::disegnaVoci(Penna& penna, const QList<Voce>& voci, double y, double corpo) {
-    double quote = 0;
-    for (const Voce& voce : voci)
-        quote += voce.larghezza;
-    const double inizio = 10;
-    double x = inizio;
-    const double base = y + corpo * 1.25;
-    for (const Voce& voce : voci) {
-        const double spazio = (m_larghezza - inizio) * voce.larghezza / quote - 8;
-        const Carattere& minuto = m_caratteri.carattere(CorpoVoci - 1.5);
-        const QString etichetta = voce.etichetta.trimmed();
-        penna.scrivi(minuto, x, base, etichetta, Colori::Tenue);
-        const double larghezzaEtichetta = minuto.larghezza(etichetta) + 4;
-        const TestoAdatto valore = m_caratteri.adatta(voce.valore, spazio - larghezzaEtichetta,
-                                                      m_caratteri.carattere(corpo, true), 0.65);
-        penna.scrivi(*valore.carattere, x + larghezzaEtichetta, base, valore.righe.first(), Colori::Testo);
-        x += spazio + 8;
-    }
+const Carattere& Pittore::caratterePiede(const RigaPiede& piede) {
+    return m_caratteri.carattere(piede.evidente ? CorpoPiede + 0.5 : CorpoPiede, piede.evidente);
 }
 
 void Pittore::disegnaPiede(Penna& penna, const GruppoRapporto& gruppo, double y) {
     double riga = y + 4;
     for (const RigaPiede& piede : gruppo.piede) {
-        const Carattere& carattere =
-            m_caratteri.carattere(piede.evidente ? CorpoPiede + 0.5 : CorpoPiede, piede.evidente);
+        const Carattere& carattere = caratterePiede(piede);
         if (piede.evidente)
             penna.riempi(QRectF(0, riga, m_larghezza, AltezzaPiede + 2), Colori::Fascia);
         qsizetype prima = piede.valori.size();
@@ -280,7 +296,7 @@ void Pittore::disegnaPiede(Penna& penna, const GruppoRapporto& gruppo, double y)
             m_tavola->disegnaCella(penna, i, riga + CorpoPiede * 0.35, piede.valori.at(i), carattere);
         }
         const double fine = prima < piede.valori.size() ? m_tavola->inizio(prima) - 12 : m_larghezza;
-        const TestoAdatto testo = m_caratteri.adatta(piede.etichetta, fine, carattere);
+        const TestoAdatto testo = m_caratteri.suUnaRiga(piede.etichetta, fine, carattere, 0.8);
         penna.scrivi(*testo.carattere, fine - testo.carattere->larghezza(testo.righe.first()),
                      riga + CorpoPiede * 0.35 + carattere.ascesa(), testo.righe.first(), Colori::Testo);
         riga += AltezzaPiede;
@@ -352,9 +368,8 @@ void scriviPdf(const Rapporto& rapporto, const QString& percorso) {
     }
     // Written beside and renamed: a full disk leaves an older file as it was.
     QSaveFile file(percorso);
-    const bool scritto = file.open(QIODevice::WriteOnly) &&
-                         file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
-                         file.write(contenuto.data()) == contenuto.size() && file.commit();
+    const bool scritto =
+        file.open(QIODevice::WriteOnly) && file.write(contenuto.data()) == contenuto.size() && file.commit();
     if (!scritto)
         throw Errore(fallito.arg(percorso, file.errorString()));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/Blocco.h"
 #include "output/Caratteri.h"
 #include "output/Impaginazione.h"
 #include "output/Rapporto.h"
@@ -29,18 +30,23 @@ public:
     void disegna(QPainter& pittore, double puntiPerPollice, qsizetype numero);
 
 private:
-    [[nodiscard]] Ingombri ingombri() const;
+    [[nodiscard]] Ingombri ingombri();
     [[nodiscard]] double altezzaTesta(bool intera) const;
     [[nodiscard]] double altezzaFondo() const;
     [[nodiscard]] QString dicituraETesto(const QString& nome) const;
 
-    void disegnaTestaIntera(Penna& penna);
-    void disegnaTestaBreve(Penna& penna);
+    [[nodiscard]] Blocco componiTestaIntera();
+    [[nodiscard]] Blocco componiTestaBreve();
+    // A card's heading, and the short one of a card that goes on.
+    [[nodiscard]] Blocco componiTestaScheda(const GruppoRapporto& gruppo);
+    [[nodiscard]] Blocco componiSeguito(const GruppoRapporto& gruppo);
+    // One line of a heading, from `y` down. Gives where it ends.
+    double componiVoci(Blocco& blocco, const QList<Voce>& voci, double y, double corpo);
+    const Carattere& caratterePiede(const RigaPiede& piede);
+
     void disegnaFondo(Penna& penna, qsizetype numero);
     void disegnaElemento(Penna& penna, const Elemento& elemento, double y);
-    void disegnaTestaGruppo(Penna& penna, const GruppoRapporto& gruppo, double y, double altezza);
-    void disegnaSeguito(Penna& penna, const GruppoRapporto& gruppo, double y, double altezza);
-    void disegnaVoci(Penna& penna, const QList<Voce>& voci, double y, double corpo);
+    void disegnaTestaGruppo(Penna& penna, const GruppoRapporto& gruppo, const Elemento& elemento, double y);
     void disegnaPiede(Penna& penna, const GruppoRapporto& gruppo, double y);
     void disegnaCoda(Penna& penna, const Elemento& elemento, double y);
 
@@ -50,6 +56,8 @@ private:
     Caratteri m_caratteri;
     std::unique_ptr<Tavola> m_tavola;
     std::unique_ptr<Tavola> m_tavolaGruppo;  // the groups' own columns, where they have any
+    Blocco m_testaIntera;
+    Blocco m_testaBreve;
     QStringList m_esclusi;
     bool m_esclusiInCoda = false;
     QList<Pagina> m_pagine;
@@ -61,5 +69,5 @@ void impostaPagina(QPagedPaintDevice& dispositivo, const Rapporto& rapporto);
 // Prints on the printer's own paper; of a chosen range, those pages alone. Throws Errore.
 void stampa(const Rapporto& rapporto, QPrinter& stampante);
 
-// The report as a PDF file of mode 0600, which appears whole or not at all. Throws Errore.
+// The report as a PDF file, which appears whole or not at all. Throws Errore.
 void scriviPdf(const Rapporto& rapporto, const QString& percorso);

@@ -210,8 +210,10 @@ QList<QList<Voce>> testaScheda(const QStringList& c) {
          {u"Assoluta :"_s, c.at(PosAss), 0.9},
          {c.at(ClassASIeNONASI), c.at(PosASIoNoASI), 1.1}}};
     if (!c.at(EticClassRaggr).isEmpty()) {
-        testa.last() << Voce{c.at(EticClassRaggr), unisci(c.at(StampaNomGru), c.at(ClassRaggr), u"  "_s),
-                             2.4};
+        testa.last() << Voce{.etichetta = c.at(EticClassRaggr),
+                             .valore = c.at(StampaNomGru),
+                             .larghezza = 2.4,
+                             .coda = c.at(ClassRaggr)};
     }
     return testa;
 }

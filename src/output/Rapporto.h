@@ -33,6 +33,7 @@ struct Voce {
     QString valore{};
     double larghezza = 1;  // share of its line
     bool evidente = false;
+    QString coda{};  // short, and right after the value however long that is
     bool operator==(const Voce&) const = default;
 };
 

@@ -15,14 +15,18 @@ public:
         bool verticali = false;  // rules between the columns
     };
 
-    // `campione`: the rows, and what else must fit the columns; texts are measured, not kept.
-    Tavola(const QList<ColonnaRapporto>& colonne, const QList<const QStringList*>& campione, double larghezza,
+    // Cells that must fit the columns; those of a font of their own keep its size.
+    struct Campione {
+        const QStringList* celle;
+        const Carattere* carattere = nullptr;
+    };
+
+    // `campione` is measured, not kept.
+    Tavola(const QList<ColonnaRapporto>& colonne, const QList<Campione>& campione, double larghezza,
            const Aspetto& aspetto, Caratteri& caratteri);
 
     [[nodiscard]] double altezzaTestata() const { return m_altezzaTestata; }
     [[nodiscard]] double altezzaRiga(const QStringList& riga) const;
-    // Of a row of one line.
-    [[nodiscard]] double altezzaRiga() const;
     // Left edge of a column's text.
     [[nodiscard]] double inizio(qsizetype colonna) const;
 
@@ -37,14 +41,30 @@ private:
         ColonnaRapporto colonna;
         double x = 0;
         double larghezza = 0;  // 0 for a column that is empty from head to foot
+        double decimali = 0;   // from the comma on: where the numbers of the column line up
         TestoAdatto testata;
         const Carattere* carattere = nullptr;
         [[nodiscard]] double spazio() const;
+        // Where a line of the column begins.
+        [[nodiscard]] double inizio(const QString& riga, const Carattere& scritta) const;
+    };
+    // What the cells of a column take at the table's size.
+    struct Misura {
+        double testi = 0;
+        double interi = 0;    // of numbers, up to the comma
+        double decimali = 0;  // and from it on
+        double testata = 0;
+        [[nodiscard]] double larghezza() const;
     };
 
-    void misura(const QList<const QStringList*>& campione);
+    [[nodiscard]] const Carattere& carattereDi(const ColonnaRapporto& colonna) const;
+    [[nodiscard]] Misura misuraColonna(qsizetype colonna, const QList<Campione>& campione) const;
+    [[nodiscard]] QList<Misura> misuraColonne(const QList<Campione>& campione) const;
+    [[nodiscard]] double quote(const QList<Misura>& misure) const;
+    [[nodiscard]] double scala(const QList<Misura>& misure) const;
+    [[nodiscard]] QList<Misura> scegliCorpo(const QList<Campione>& campione);
+    void disponi(const QList<Campione>& campione);
     void intesta();
-    [[nodiscard]] QList<double> corpoEdEsigenze(const QList<const QStringList*>& campione);
     void scriviRighe(Penna& penna, const Posto& posto, const TestoAdatto& testo, double y,
                      double passo) const;
     [[nodiscard]] TestoAdatto componiCella(const Posto& posto, const QString& testo,
@@ -55,6 +75,7 @@ private:
     double m_larghezza;
     Aspetto m_aspetto;
     Caratteri& m_caratteri;
+    double m_testataSuCelle;
     const Carattere* m_carattereTestata = nullptr;
     const Carattere* m_carattereSotto = nullptr;
     qsizetype m_righeTestata = 1;

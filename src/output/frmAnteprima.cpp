@@ -9,10 +9,16 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QGraphicsView>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QMainWindow>
 #include <QPrinter>
+#include <QPrintPreviewWidget>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStandardPaths>
+#include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
@@ -44,11 +50,15 @@ QAction* voceDellaBarra(const QToolBar* barra, const char* nome) {
 }  // namespace
 
 frmAnteprima::frmAnteprima(const Rapporto& rapporto, QPrinter* stampante, QWidget* padre)
-    : QPrintPreviewDialog(stampante, padre, Qt::Window), m_rapporto(rapporto) {
+    : QPrintPreviewDialog(stampante, padre, Qt::Window),
+      m_rapporto(rapporto),
+      m_pagine(findChild<QPrintPreviewWidget*>()),
+      m_vista(m_pagine->findChild<QGraphicsView*>()) {
     setObjectName(u"frmAnteprima"_s);
     setWindowTitle(rapporto.titoloFinestra);
     connect(this, &QPrintPreviewDialog::paintRequested, this, &frmAnteprima::disegna);
     preparaBarra();
+    preparaPagine();
     resize(screen()->availableSize() * ParteDelloSchermo);
 }
 
@@ -56,10 +66,17 @@ frmAnteprima::frmAnteprima(const Rapporto& rapporto, QPrinter* stampante, QWidge
 void frmAnteprima::preparaBarra() {
     auto* barra = findChild<QToolBar*>();
     barra->addSeparator();
-    if (QAction* stampa = voceDellaBarra(barra, "Print")) {
-        stampa->setShortcut(QKeySequence::Print);
-        stampa->setToolTip(u"Stampa il rapporto (Ctrl+P)"_s);
-    }
+    const auto conTasto = [&](const char* voce, const QString& nome, QKeySequence::StandardKey tasto,
+                              const QString& spiegazione) {
+        if (QAction* azione = voceDellaBarra(barra, voce)) {
+            azione->setObjectName(nome);
+            azione->setShortcut(tasto);
+            azione->setToolTip(spiegazione);
+        }
+    };
+    conTasto("Print", u"cmdStampa"_s, QKeySequence::Print, u"Stampa il rapporto (Ctrl+P)"_s);
+    conTasto("Zoom in", u"cmdIngrandisci"_s, QKeySequence::ZoomIn, u"Ingrandisce (Ctrl e +)"_s);
+    conTasto("Zoom out", u"cmdRimpicciolisci"_s, QKeySequence::ZoomOut, u"Rimpicciolisce (Ctrl e -)"_s);
     auto* salva = new QAction(style()->standardIcon(QStyle::SP_DialogSaveButton), u"Salva PDF"_s, this);
     salva->setObjectName(u"cmdSalvaPDF"_s);
     salva->setShortcut(QKeySequence::Save);
@@ -72,9 +89,25 @@ void frmAnteprima::preparaBarra() {
     const QList<QAction*> azioni{salva, esci};
     barra->addActions(azioni);
     for (QAction* azione : azioni) {
-        if (auto* pulsante = qobject_cast<QToolButton*>(barra->widgetForAction(azione)))
+        if (auto* pulsante = qobject_cast<QToolButton*>(barra->widgetForAction(azione))) {
             pulsante->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+            pulsante->setText(u'&' + azione->text());  // an action gives its text without the mnemonic
+        }
     }
+}
+
+// The keys act on the pages from the first moment, and stand under them.
+void frmAnteprima::preparaPagine() {
+    m_vista->installEventFilter(this);
+    auto* tasti = new QLabel(
+        u"PagGiù e PagSu sfogliano   ·   Inizio e Fine: prima e ultima pagina   ·   "
+        "Frecce scorrono   ·   Ctrl+P stampa   ·   Ctrl+S salva PDF   ·   Esc chiude"_s);
+    tasti->setObjectName(u"lblTasti"_s);
+    tasti->setTextFormat(Qt::PlainText);
+    tasti->setWordWrap(true);
+    auto* barra = findChild<QMainWindow*>()->statusBar();
+    barra->setSizeGripEnabled(false);
+    barra->addWidget(tasti, 1);
 }
 
 void frmAnteprima::showEvent(QShowEvent* evento) {
@@ -84,6 +117,48 @@ void frmAnteprima::showEvent(QShowEvent* evento) {
     CentraFinestra(this);
     if (QAction* larghezza = voceDellaBarra(findChild<QToolBar*>(), "Fit width"))
         larghezza->trigger();
+    m_vista->setFocus();
+}
+
+bool frmAnteprima::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == m_vista && evento->type() == QEvent::KeyPress) {
+        const auto& tasto = static_cast<QKeyEvent&>(*evento);
+        if ((tasto.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && sfoglia(tasto.key()))
+            return true;
+    }
+    return QPrintPreviewDialog::eventFilter(oggetto, evento);
+}
+
+bool frmAnteprima::sfoglia(int tasto) {
+    QScrollBar* verticale = m_vista->verticalScrollBar();
+    const bool paginaIntera = m_pagine->zoomMode() == QPrintPreviewWidget::FitInView;
+    const bool tuttaLarga = m_vista->horizontalScrollBar()->maximum() == 0;
+    int passo = 0;
+    switch (tasto) {
+        case Qt::Key_Home:
+            verticale->setValue(verticale->minimum());
+            return true;
+        case Qt::Key_End:
+            verticale->setValue(verticale->maximum());
+            return true;
+        case Qt::Key_PageDown:
+            passo = paginaIntera ? 1 : 0;
+            break;
+        case Qt::Key_PageUp:
+            passo = paginaIntera ? -1 : 0;
+            break;
+        case Qt::Key_Right:
+            passo = tuttaLarga ? 1 : 0;
+            break;
+        case Qt::Key_Left:
+            passo = tuttaLarga ? -1 : 0;
+            break;
+        default:
+            break;
+    }
+    if (passo != 0)
+        m_pagine->setCurrentPage(std::clamp(m_pagine->currentPage() + passo, 1, m_pagine->pageCount()));
+    return passo != 0;
 }
 
 void frmAnteprima::keyPressEvent(QKeyEvent* evento) {

@@ -1,6 +1,7 @@
 #include "readings/AlberoTempi.h"
 
 #include <QKeyEvent>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -42,11 +43,8 @@ QTreeWidgetItem* cerca(const QTreeWidgetItem* padre, const QString& chiave) {
 AlberoTempi::AlberoTempi(QWidget* padre) : QTreeWidget(padre) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
-    const auto scegli = [this](const QTreeWidgetItem* item) {
-        Q_EMIT scelto(item->data(0, RuoloChiave).toString());
-    };
-    connect(this, &QTreeWidget::itemClicked, this, scegli);
-    connect(this, &QTreeWidget::itemActivated, this, scegli);
+    connect(this, &QTreeWidget::itemActivated, this,
+            [this](const QTreeWidgetItem* item) { Q_EMIT scelto(item->data(0, RuoloChiave).toString()); });
 }
 
 void AlberoTempi::mostra(const RisultatoRicerca& risultato) {
@@ -93,17 +91,39 @@ void AlberoTempi::ripristina(const QString& chiave) {
         if (fine < 0)
             break;
     }
-    if (trovato == invisibleRootItem())
+    if (trovato == invisibleRootItem()) {
+        // Gone: the row that has taken its place, the first one in a new tree.
+        setCurrentItem(currentItem() ? currentItem() : topLevelItem(0));
         return;
+    }
     setCurrentItem(trovato);
     trovato->setExpanded(true);
     scrollToItem(trovato);
 }
 
 void AlberoTempi::keyPressEvent(QKeyEvent* evento) {
-    if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus) {
+    if (evento->key() == Qt::Key_Escape) {
+        Q_EMIT lasciato();
+    } else if (evento->key() == Qt::Key_Plus || evento->key() == Qt::Key_Minus) {
         evento->ignore();
     } else {
         QTreeWidget::keyPressEvent(evento);
     }
+}
+
+// A press may end what is being typed, and the tree be made anew before the button is let go: the click is
+// that of the node that was pressed, by its key.
+void AlberoTempi::mousePressEvent(QMouseEvent* evento) {
+    const QTreeWidgetItem* item = itemAt(evento->pos());
+    const bool suIlTesto = item && visualItemRect(item).contains(evento->pos());
+    m_premuto =
+        suIlTesto && evento->button() == Qt::LeftButton ? item->data(0, RuoloChiave).toString() : QString();
+    QTreeWidget::mousePressEvent(evento);
+}
+
+void AlberoTempi::mouseReleaseEvent(QMouseEvent* evento) {
+    QTreeWidget::mouseReleaseEvent(evento);
+    const QString premuto = std::exchange(m_premuto, {});
+    if (!premuto.isEmpty() && viewport()->rect().contains(evento->pos()))
+        Q_EMIT scelto(premuto);
 }

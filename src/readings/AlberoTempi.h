@@ -4,7 +4,7 @@
 
 #include <QTreeWidget>
 
-// The findings of the search: crew, test, reading.
+// The findings of the search: crew, test, reading. A click, or Enter, chooses one; Esc leaves the tree.
 class AlberoTempi final : public QTreeWidget {
     Q_OBJECT
 
@@ -17,11 +17,16 @@ public:
 
 Q_SIGNALS:
     void scelto(const QString& chiave);
+    void lasciato();
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
 
 private:
     [[nodiscard]] QString chiaveScelta() const;
     void ripristina(const QString& chiave);
+
+    QString m_premuto;  // key of the node under the pressed button
 };

@@ -60,7 +60,10 @@ private:
         partenzaSeConcatenata(precedente + 1);
     }
 
-    void daArrivoRicevuto(std::size_t riga) { partenzaSeConcatenata(primoDa(riga + 1, false)); }
+    void daArrivoRicevuto(std::size_t riga) {
+        if (m_righe[riga + 1].concatenata)
+            partenzaSeConcatenata(primoDa(riga + 1, false));
+    }
 
     void daPartenzaRicevuta(std::size_t riga) {
         const std::size_t precedente = ultimoFinoA(riga - 1, false);
@@ -118,8 +121,10 @@ void scriviTempi(std::span<const RigaRilevamento> righe, std::span<const TempoSc
     Transazione transazione;
     for (const TempoScritto& tempo : tempi) {
         const QString colonna = tempo.campo == CampoTempo::Partenza ? u"TPar"_s : u"TArr"_s;
+        // A deleted time is the empty text: Null is a reading that was never there.
+        const QString valore = tempo.valore.isNull() ? u""_s : tempo.valore;
         if (esegui(u"UPDATE Rilevamenti SET %1=? WHERE IDRil=?"_s.arg(colonna),
-                   {tempo.valore, righe[tempo.riga].idRil}) == 0)
+                   {valore, righe[tempo.riga].idRil}) == 0)
             throw Errore(u"Il rilevamento non è più nell'archivio."_s);
     }
     transazione.conferma();

@@ -10,7 +10,8 @@
 
 enum class RegolaCatena {
     Manuale,    // the next test, and from one time control to the next over the tests between
-    Ricezione,  // from a test to the next, over the time controls, which are never written
+    Ricezione,  // from a test to the next, over the time controls, which are never written; both the next row
+                // and the one that receives are chained
 };
 
 struct TempoScritto {

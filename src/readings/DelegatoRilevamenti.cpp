@@ -1,5 +1,6 @@
 #include "readings/DelegatoRilevamenti.h"
 
+#include "common/Aspetto.h"
 #include "common/Subroutine.h"
 #include "readings/EditorTempo.h"
 #include "readings/ModelloRilevamenti.h"
@@ -13,13 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int LunghezzaMotivo = 255;
+constexpr qsizetype CifreIntere = 6;  // hours, minutes and seconds
 constexpr QColor SfondoRiga(0xE3, 0xEA, 0xFF);
-constexpr QColor SfondoCella(0x80, 0x80, 0xFF);
-
-struct Tinta {
-    QColor sfondo;
-    QColor testo;
-};
 
 Tinta tintaScarto(StileScarto stile) {
     switch (stile) {
@@ -73,6 +69,11 @@ std::optional<Mossa> mossaDelTasto(int tasto) {
     }
 }
 
+bool aMeta(const QLineEdit& editor) {
+    const auto* tempo = qobject_cast<const EditorTempo*>(&editor);
+    return tempo && tempo->cifre() < CifreIntere;
+}
+
 DelegatoRilevamenti::DelegatoRilevamenti(QTableView* griglia)
     : QStyledItemDelegate(griglia), m_griglia(griglia) {}
 
@@ -90,6 +91,7 @@ QWidget* DelegatoRilevamenti::createEditor(QWidget* padre, const QStyleOptionVie
     editor->setFrame(false);
     EvidenziaCampo(editor);
     m_editor = editor;
+    m_cella = indice;
     return editor;
 }
 
@@ -100,7 +102,8 @@ void DelegatoRilevamenti::updateEditorGeometry(QWidget* editor, const QStyleOpti
 
 void DelegatoRilevamenti::setModelData(QWidget* editor, QAbstractItemModel* modelloDati,
                                        const QModelIndex& indice) const {
-    if (static_cast<const QLineEdit*>(editor)->isModified())
+    const auto& riga = static_cast<const QLineEdit&>(*editor);
+    if (riga.isModified() && !aMeta(riga))
         QStyledItemDelegate::setModelData(editor, modelloDati, indice);
 }
 
@@ -111,28 +114,47 @@ void DelegatoRilevamenti::destroyEditor(QWidget* editor, const QModelIndex& indi
     QStyledItemDelegate::destroyEditor(editor, indice);
 }
 
-void DelegatoRilevamenti::concludi() {
-    if (!m_editor)
-        return;
-    Q_EMIT commitData(m_editor);
-    Q_EMIT closeEditor(m_editor, NoHint);
+void DelegatoRilevamenti::chiudi() {
+    if (m_editor)
+        Q_EMIT closeEditor(m_editor, NoHint);
 }
 
-bool DelegatoRilevamenti::cambiaEquipaggio(const QObject* editor) const {
-    return qobject_cast<const EditorTempo*>(editor) ||
-           static_cast<const ModelloRilevamenti*>(m_griglia->model())->modo() !=
-               ModoGriglia::PenalitaAggiuntive;
+bool DelegatoRilevamenti::soleCifre() const {
+    return m_cella.column() == ModelloRilevamenti::PenAgg && modello(m_cella).modo() == ModoGriglia::Manuale;
+}
+
+bool DelegatoRilevamenti::cambiaEquipaggio(int tasto) const {
+    if (m_cella.column() == ModelloRilevamenti::DesPenAgg)
+        return false;
+    // A sanction below zero begins with a minus.
+    const bool vuoto = m_editor->text().isEmpty() || m_editor->selectedText() == m_editor->text();
+    return tasto == Qt::Key_Plus || !vuoto || modello(m_cella).modo() != ModoGriglia::PenalitaAggiuntive;
+}
+
+bool DelegatoRilevamenti::tasto(const QKeyEvent& evento) {
+    if (soleCifre() && (evento.text() == ","_L1 || evento.text() == "."_L1)) {
+        Q_EMIT virgolaRifiutata();
+        return true;
+    }
+    const std::optional<Mossa> verso = mossaDelTasto(evento.key());
+    const bool diEquipaggio = verso == Mossa::EquipaggioDopo || verso == Mossa::EquipaggioPrima;
+    if (!verso || (diEquipaggio && !cambiaEquipaggio(evento.key())))
+        return false;
+    Q_EMIT mossa(*verso);
+    return true;
 }
 
 bool DelegatoRilevamenti::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (evento->type() == QEvent::KeyPress && oggetto == m_editor) {
-        const std::optional<Mossa> verso = mossaDelTasto(static_cast<QKeyEvent*>(evento)->key());
-        const bool diEquipaggio = verso == Mossa::EquipaggioDopo || verso == Mossa::EquipaggioPrima;
-        if (verso && (!diEquipaggio || cambiaEquipaggio(oggetto))) {
-            concludi();
-            Q_EMIT mossa(*verso);
-            return true;
-        }
+    if (oggetto != m_editor)
+        return QStyledItemDelegate::eventFilter(oggetto, evento);
+    if (evento->type() == QEvent::KeyPress && tasto(static_cast<QKeyEvent&>(*evento)))
+        return true;
+    if (evento->type() == QEvent::FocusOut) {
+        const Qt::FocusReason motivo = static_cast<QFocusEvent&>(*evento).reason();
+        // Another window over this one, the help or a box, ends nothing.
+        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason)
+            Q_EMIT fuocoPerso();
+        return false;
     }
     return QStyledItemDelegate::eventFilter(oggetto, evento);
 }
@@ -145,7 +167,7 @@ void DelegatoRilevamenti::initStyleOption(QStyleOptionViewItem* opzioni, const Q
     if (const QVariant stile = indice.data(ModelloRilevamenti::RuoloStile); stile.isValid()) {
         tinta = tintaScarto(static_cast<StileScarto>(stile.toInt()));
     } else if (indice == corrente) {
-        tinta = {SfondoCella, Qt::white};
+        tinta = tintaCellaCorrente(m_griglia);
     } else if (indice.row() == corrente.row()) {
         tinta.sfondo = SfondoRiga;
     } else if (!modello(indice).modificabile(indice.column())) {

@@ -16,10 +16,21 @@ ElencoEquipaggi::ElencoEquipaggi(QWidget* padre) : QTreeWidget(padre) {
     header()->setSectionResizeMode(Equipaggio, QHeaderView::Stretch);
     header()->setSectionResizeMode(Veicolo, QHeaderView::Stretch);
     header()->setSectionResizeMode(ASI, QHeaderView::ResizeToContents);
-    connect(this, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
-        if (item)
-            Q_EMIT scelto();
-    });
+    connect(this, &QTreeWidget::currentItemChanged, this,
+            [this](const QTreeWidgetItem* item, QTreeWidgetItem* prima) {
+                if (item)
+                    annuncia(prima);
+            });
+}
+
+void ElencoEquipaggi::annuncia(QTreeWidgetItem* prima) {
+    try {
+        Q_EMIT scelto();
+    } catch (...) {
+        const QSignalBlocker zitto(this);
+        setCurrentItem(prima, Numero);
+        throw;
+    }
 }
 
 void ElencoEquipaggi::carica() {
@@ -46,8 +57,16 @@ void ElencoEquipaggi::sposta(int passo) {
 }
 
 bool ElencoEquipaggi::vaiA(int idEqu) {
+    return vaiDove(Chiave, idEqu);
+}
+
+bool ElencoEquipaggi::vaiAlNumero(int num) {
+    return vaiDove(Numero, num);
+}
+
+bool ElencoEquipaggi::vaiDove(Colonna colonna, int valore) {
     const QList<QTreeWidgetItem*> trovati =
-        findItems(QString::number(idEqu), Qt::MatchExactly | Qt::MatchCaseSensitive, Chiave);
+        findItems(QString::number(valore), Qt::MatchExactly | Qt::MatchCaseSensitive, colonna);
     if (trovati.isEmpty())
         return false;
     setCurrentItem(trovati.first(), Numero);

@@ -10,8 +10,11 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTableView>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using enum ModelloRilevamenti::Colonna;
@@ -58,34 +61,32 @@ GrigliaRilevamenti::GrigliaRilevamenti(QWidget* padre)
       m_grT(new QTableView(this)),
       m_grS(new QTableView(this)),
       m_vBar(new QScrollBar(Qt::Vertical, this)),
+      m_lblEsito(new QLabel(this)),
       m_etichettaTotale(new QLabel(u"Penalità Totali : "_s, this)),
       m_lblTotPen(new QLabel(this)),
       m_delegato(new DelegatoRilevamenti(m_grT)) {
     componi();
     legaScorrimento();
     m_grT->installEventFilter(this);
+    m_grT->viewport()->installEventFilter(this);
     setFocusProxy(m_grT);
 
     connect(m_delegato, &DelegatoRilevamenti::mossa, this, &GrigliaRilevamenti::muovi);
+    // Not from within the change of focus: a box may come, or the control that has taken it may end the cell
+    // in its own way.
+    connect(m_delegato, &DelegatoRilevamenti::fuocoPerso, this, &GrigliaRilevamenti::fuocoPerso,
+            Qt::QueuedConnection);
+    connect(m_delegato, &DelegatoRilevamenti::virgolaRifiutata, this, &GrigliaRilevamenti::rifiutaVirgola);
     connect(m_modello, &ModelloRilevamenti::totaleCambiato, this, &GrigliaRilevamenti::mostraTotale);
     connect(m_modello, &ModelloRilevamenti::modificata, this, &GrigliaRilevamenti::modificata);
-    connect(
-        m_modello, &ModelloRilevamenti::numeroRifiutato, this,
-        [](const QString& testo) {
-            avverti(u"Penalità NON Valida"_s,
-                    u"\"%1\" non è un numero: la penalità resta com'era."_s.arg(testo));
-        },
-        Qt::QueuedConnection);
-    // The question comes once the editor is closed.
-    connect(m_modello, &ModelloRilevamenti::tempoSvuotato, this, &GrigliaRilevamenti::chiediCancellazione,
-            Qt::QueuedConnection);
     // The whole row stands out, here and beside.
     connect(m_grT->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
         m_grT->viewport()->update();
         m_grS->viewport()->update();
     });
     connect(m_grS, &QTableView::clicked, this, [this](const QModelIndex& indice) {
-        vaiAllaCella(indice.row(), m_grT->currentIndex().column());
+        if (concludiModifica(Uscita::Altrove))
+            vaiAllaCella(indice.row(), m_grT->currentIndex().column());
     });
 }
 
@@ -94,6 +95,9 @@ void GrigliaRilevamenti::componi() {
     m_grS->setObjectName(u"grS"_s);
     m_vBar->setObjectName(u"vBar"_s);
     m_lblTotPen->setObjectName(u"lblTotPen"_s);
+    m_lblEsito->setObjectName(u"lblEsito"_s);
+    m_lblEsito->setTextFormat(Qt::PlainText);
+    m_lblEsito->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     for (QTableView* tabella : {m_grT, m_grS})
         preparaTabella(tabella, m_modello);
     m_grT->setItemDelegate(m_delegato);
@@ -119,6 +123,7 @@ void GrigliaRilevamenti::componi() {
     disposizione->addWidget(m_vBar, 0, 2);
     disposizione->addWidget(m_etichettaTotale, 1, 0, Qt::AlignRight);
     disposizione->addWidget(m_lblTotPen, 1, 1);
+    disposizione->addWidget(m_lblEsito, 2, 0, 1, 3);
     disposizione->setColumnStretch(0, 1);
     disposizione->setRowStretch(0, 1);
 }
@@ -141,7 +146,7 @@ void GrigliaRilevamenti::apri(ModoGriglia modo) {
     const bool penalita = modo == ModoGriglia::PenalitaAggiuntive;
     for (const int colonna : {TempoImposto, TempoStart, TempoPassaggio})
         m_grT->setColumnHidden(colonna, penalita);
-    m_grT->setColumnHidden(PenAgg, modo == ModoGriglia::Ricezione);
+    m_grT->setColumnHidden(PenAgg, modo == ModoGriglia::Ricezione || modo == ModoGriglia::Correzione);
     m_grT->setColumnHidden(DesPenAgg, !penalita);
     m_grS->setVisible(!penalita);
     m_etichettaTotale->setVisible(!penalita);
@@ -164,20 +169,109 @@ void GrigliaRilevamenti::apri(ModoGriglia modo) {
     m_grT->horizontalHeader()->setSectionResizeMode(penalita ? DesPenAgg : NomeProva, QHeaderView::Stretch);
 }
 
-void GrigliaRilevamenti::mostraEquipaggio(int idEqu, bool asi) {
-    concludiModifica();
+bool GrigliaRilevamenti::mostraEquipaggio(int idEqu, bool asi) {
+    if (!concludiModifica())
+        return false;
+    const QModelIndex prima = m_grT->currentIndex();
+    const int idPro = prima.isValid() ? m_modello->righe()[static_cast<std::size_t>(prima.row())].idPro : 0;
+    const int colonna = prima.column();
+    const bool altro = idEqu != m_modello->idEqu();
     m_modello->mostra(idEqu, asi);
+    if (altro) {
+        const QString esito = std::exchange(m_esito, {});
+        m_lblEsito->setText(esito.isEmpty() ? esito : u"Equipaggio precedente - "_s + esito);
+    }
     m_grT->setCurrentIndex({});
-    avanti(1);
+    const std::vector<RigaRilevamento>& righe = m_modello->righe();
+    const auto stessa = std::ranges::find(righe, idPro, &RigaRilevamento::idPro);
+    if (stessa == righe.end()) {
+        avanti(1);
+    } else {
+        vaiAllaCella(static_cast<int>(stessa - righe.begin()), colonna);
+    }
+    return true;
 }
 
 void GrigliaRilevamenti::ricarica() {
-    concludiModifica();
-    m_modello->ricarica();
+    if (concludiModifica())
+        m_modello->ricarica();
 }
 
-void GrigliaRilevamenti::concludiModifica() {
-    m_delegato->concludi();
+bool GrigliaRilevamenti::concludiModifica(Uscita come) {
+    const QPointer<QLineEdit> editor = m_delegato->editor();
+    if (!editor)
+        return true;
+    // A box about the cell is still open.
+    if (m_concludendo)
+        return false;
+    const QScopedValueRollback concludendo(m_concludendo, true);
+    bool registrata = false;
+    const auto riprendi = qScopeGuard([&] {
+        if (!registrata && editor)
+            editor->setFocus();
+    });
+    registrata = !editor->isModified() || registra(come);
+    if (registrata)
+        m_delegato->chiudi();
+    return registrata;
+}
+
+// What is in the open editor; it stays open.
+bool GrigliaRilevamenti::registra(Uscita come) {
+    const QLineEdit& editor = *m_delegato->editor();
+    const QModelIndex cella = m_delegato->cella();
+    const QString testo = editor.text();
+    const bool diTempo = ModelloRilevamenti::diTempo(cella.column());
+    if (diTempo && testo.isEmpty() && come != Uscita::Altrove) {
+        if (!cella.data(Qt::EditRole).toString().isEmpty())
+            chiediCancellazione(cella);
+    } else if (diTempo && come != Uscita::Conferma && aMeta(editor)) {
+        racconta(cella, cella.data(Qt::EditRole).toString() + u" - meno di sei cifre, resta com'era"_s);
+    } else if (m_modello->scrivi(cella, testo)) {
+        racconta(cella, cella.data(Qt::EditRole).toString());
+    } else {
+        rifiutaPenalita(u"\"%1\" non è un numero: la penalità resta com'era."_s.arg(testo));
+        return false;
+    }
+    return true;
+}
+
+void GrigliaRilevamenti::rifiutaPenalita(const QString& perche) {
+    avverti(u"Penalità NON Valida"_s, perche);
+    if (QLineEdit* editor = m_delegato->editor()) {
+        editor->setFocus();
+        editor->selectAll();
+    }
+}
+
+void GrigliaRilevamenti::rifiutaVirgola() {
+    rifiutaPenalita(
+        u"Qui la penalità si scrive in sole cifre, senza virgola.\n"
+        "Con la virgola si scrive in Gestione Penalità Aggiuntive."_s);
+}
+
+void GrigliaRilevamenti::fuocoPerso() {
+    if (m_delegato->editor() && !m_delegato->editor()->hasFocus() && !m_concludendo && isVisible())
+        concludiModifica(Uscita::Altrove);
+}
+
+void GrigliaRilevamenti::abbandonaModifica() {
+    m_delegato->chiudi();
+}
+
+QString GrigliaRilevamenti::modificaInCorso() const {
+    const QLineEdit* editor = m_delegato->editor();
+    return editor ? nomeCella(m_delegato->cella()) + editor->text() : QString();
+}
+
+QString GrigliaRilevamenti::nomeCella(const QModelIndex& indice) const {
+    return m_modello->righe()[static_cast<std::size_t>(indice.row())].nome + u", "_s +
+           m_modello->headerData(indice.column(), Qt::Horizontal).toString() + u" : "_s;
+}
+
+void GrigliaRilevamenti::racconta(const QModelIndex& indice, const QString& esito) {
+    m_esito = nomeCella(indice) + esito;
+    m_lblEsito->setText(m_esito);
 }
 
 void GrigliaRilevamenti::vaiA(int idPro, std::optional<CampoTempo> campo) {
@@ -203,13 +297,22 @@ void GrigliaRilevamenti::vaiAllaCella(int riga, int colonna) {
 bool GrigliaRilevamenti::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == m_grT && evento->type() == QEvent::KeyPress && tasto(static_cast<QKeyEvent&>(*evento)))
         return true;
+    // Before another cell becomes the current one.
+    if (oggetto == m_grT->viewport() && evento->type() == QEvent::MouseButtonPress &&
+        !concludiModifica(Uscita::Altrove))
+        return true;
     return QWidget::eventFilter(oggetto, evento);
 }
 
 bool GrigliaRilevamenti::tasto(const QKeyEvent& evento) {
     const int tasto = evento.key();
+    // What the editor does not want: only a page up or down leaves the cell.
+    if (m_delegato->editor()) {
+        const bool pagina = tasto == Qt::Key_PageUp || tasto == Qt::Key_PageDown;
+        return pagina && !concludiModifica(Uscita::Altrove);
+    }
     if (tasto == Qt::Key_Backspace || tasto == Qt::Key_Delete)
-        return cancella();
+        return cancella(evento);
     const std::optional<Mossa> verso = mossaDelTasto(tasto);
     // The arrows and the ends of the grid under Tab are the view's and the window's own.
     if (verso && verso != Mossa::Su && verso != Mossa::Giu) {
@@ -218,9 +321,13 @@ bool GrigliaRilevamenti::tasto(const QKeyEvent& evento) {
         const bool tab = tasto == Qt::Key_Tab || tasto == Qt::Key_Backtab;
         return !tab || m_grT->currentIndex() != prima;
     }
-    // A letter in a locked cell would search the column and lose the place.
     const QString testo = evento.text();
-    return !testo.isEmpty() && testo.at(0).isPrint() && !digitabile(testo, m_grT->currentIndex().column());
+    const int colonna = m_grT->currentIndex().column();
+    if (colonna == PenAgg && m_modello->modo() == ModoGriglia::Manuale &&
+        (testo == ","_L1 || testo == "."_L1))
+        rifiutaVirgola();
+    // A letter in a locked cell would search the column and lose the place.
+    return !testo.isEmpty() && testo.at(0).isPrint() && !digitabile(testo, colonna);
 }
 
 bool GrigliaRilevamenti::digitabile(const QString& testo, int colonna) const {
@@ -233,13 +340,13 @@ bool GrigliaRilevamenti::digitabile(const QString& testo, int colonna) const {
            (m_modello->modo() == ModoGriglia::PenalitaAggiuntive && codice == ',');
 }
 
-bool GrigliaRilevamenti::cancella() {
+bool GrigliaRilevamenti::cancella(const QKeyEvent& evento) {
     const QModelIndex indice = m_grT->currentIndex();
-    if (!indice.isValid() || !m_modello->modificabile(indice.column()))
+    // Held down it only asks once.
+    if (!indice.isValid() || !m_modello->modificabile(indice.column()) || evento.isAutoRepeat())
         return true;
     if (ModelloRilevamenti::diTempo(indice.column())) {
-        chiediCancellazione(m_modello->righe()[static_cast<std::size_t>(indice.row())].idRil,
-                            indice.column());
+        chiediCancellazione(indice);
         return true;
     }
     // Emptied in its editor: Esc still brings the old text back.
@@ -251,17 +358,19 @@ bool GrigliaRilevamenti::cancella() {
     return true;
 }
 
-void GrigliaRilevamenti::chiediCancellazione(int idRil, int colonna) {
+void GrigliaRilevamenti::chiediCancellazione(const QModelIndex& indice) {
     if (!Dialoghi::corrente().domanda(u"Conferma Cancellazione"_s, u"Cancellare il Tempo Selezionato ?"_s,
                                       Icona::Domanda))
         return;
-    const std::vector<RigaRilevamento>& righe = m_modello->righe();
-    const auto trovata = std::ranges::find(righe, idRil, &RigaRilevamento::idRil);
-    if (trovata != righe.end())
-        m_modello->cancellaTempo(m_modello->index(static_cast<int>(trovata - righe.begin()), colonna));
+    m_modello->cancellaTempo(indice);
+    racconta(indice, u"cancellato"_s);
 }
 
 void GrigliaRilevamenti::muovi(Mossa verso) {
+    const bool conferma = verso == Mossa::Avanti || verso == Mossa::Indietro;
+    const bool equipaggio = verso == Mossa::EquipaggioDopo || verso == Mossa::EquipaggioPrima;
+    if (!concludiModifica(equipaggio ? Uscita::Equipaggio : conferma ? Uscita::Conferma : Uscita::Altrove))
+        return;
     switch (verso) {
         case Mossa::Avanti:
             avanti(1);

@@ -15,6 +15,14 @@ class QTableView;
 // Digits start typing in the current cell. Enter and Tab store it and go on to the next cell to be typed: a
 // chained start is passed over, since it takes the arrival before it. Backspace and Delete ask and delete a
 // time. Plus and minus ask for another crew.
+
+// How the cell being typed is left, and what becomes of what is not a whole time in it.
+enum class Uscita {
+    Conferma,    // Enter, Tab: any number of digits is stored; none asks for the deletion
+    Equipaggio,  // another crew, or the window's end: begun, it gets its old time back; none asks
+    Altrove,     // anything else: begun or emptied, it gets its old time back
+};
+
 class GrigliaRilevamenti final : public QWidget {
     Q_OBJECT
 
@@ -25,9 +33,15 @@ public:
 
     // Before the first crew: what can be done, and the scoring settings of the active event.
     void apri(ModoGriglia modo);
-    void mostraEquipaggio(int idEqu, bool asi);  // goes to the first cell to be typed
-    void ricarica();                             // the same crew, read again
-    void concludiModifica();                     // stores the cell being typed
+    // Keeps the test and the column, and starts from the first cell to be typed. False as below. When the
+    // crew cannot be read it throws, and the one on show stays.
+    bool mostraEquipaggio(int idEqu, bool asi);
+    void ricarica();  // the same crew, read again
+    // Stores the cell being typed, and tells below the grid what became of it. False when it was refused:
+    // told by a box, it stays open with its text. Open it stays too when the archive throws.
+    bool concludiModifica(Uscita come = Uscita::Equipaggio);
+    void abbandonaModifica();                       // without storing it
+    [[nodiscard]] QString modificaInCorso() const;  // the cell being typed, in words; empty when none is
 
     // Makes the row of a test current, or one of its times, and takes the focus.
     void vaiA(int idPro, std::optional<CampoTempo> campo = {});
@@ -38,15 +52,21 @@ public:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 Q_SIGNALS:
-    void modificata();                    // a cell was written; the rows are computed
-    void equipaggioRichiesto(int passo);  // 1 next, -1 previous
+    void modificata(int idEqu);           // a cell of that crew was written; the rows are computed
+    void equipaggioRichiesto(int passo);  // 1 next, -1 previous; nothing is being typed any more
 
 private:
     void componi();
     void legaScorrimento();
     bool tasto(const class QKeyEvent& evento);
-    bool cancella();
-    void chiediCancellazione(int idRil, int colonna);
+    bool cancella(const QKeyEvent& evento);
+    void chiediCancellazione(const QModelIndex& indice);
+    bool registra(Uscita come);
+    void rifiutaPenalita(const QString& perche);
+    void rifiutaVirgola();
+    void fuocoPerso();
+    [[nodiscard]] QString nomeCella(const QModelIndex& indice) const;
+    void racconta(const QModelIndex& indice, const QString& esito);
     void muovi(Mossa verso);
     void avanti(int passo);
     [[nodiscard]] bool daDigitare(int riga, int colonna) const;
@@ -58,6 +78,9 @@ private:
     QTableView* m_grT;
     QTableView* m_grS;
     QScrollBar* m_vBar;
+    QLabel* m_lblEsito;
+    QString m_esito;  // what is told of the crew on show
+    bool m_concludendo = false;
     QLabel* m_etichettaTotale;
     QLabel* m_lblTotPen;
     DelegatoRilevamenti* m_delegato;

@@ -1,10 +1,10 @@
 #include "readings/ModelloRilevamenti.h"
 
-#include "archive/ErroreArchivio.h"
 #include "common/Public.h"
 #include "common/Valori.h"
 
 #include <algorithm>
+#include <exception>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +16,10 @@ const QString NonCalcolabile = u"?????"_s;
 QString mostraTempo(const QString& tempo) {
     const bool soleCifre = std::ranges::all_of(tempo, [](QChar c) { return c >= u'0' && c <= u'9'; });
     return soleCifre ? mascheraTempo(tempo) : tempo;
+}
+
+bool manca(const QString& tempo) {
+    return tempo.trimmed().isEmpty();
 }
 
 QString oNonCalcolabile(const QString& testo) {
@@ -31,29 +35,36 @@ void ModelloRilevamenti::apri(ModoGriglia modo) {
     m_impostazione = leggiImpostazione(IDMan);
 }
 
-void ModelloRilevamenti::mostra(int idEqu, bool asi) {
-    m_idEqu = idEqu;
-    m_asi = asi;
-    ricarica();
+void ModelloRilevamenti::ricarica() {
+    mostra(m_idEqu, m_asi);
 }
 
-void ModelloRilevamenti::ricarica() {
-    std::vector<RigaRilevamento> righe = leggiRilevamenti(m_idEqu);
+// Another crew is shown once its readings could be read.
+void ModelloRilevamenti::mostra(int idEqu, bool asi) {
+    std::vector<RigaRilevamento> righe = leggiRilevamenti(idEqu);
     // The same tests: the grid keeps its place.
     const bool stesse =
         std::ranges::equal(righe, m_righe, {}, &RigaRilevamento::idRil, &RigaRilevamento::idRil);
     if (!stesse)
         beginResetModel();
+    m_idEqu = idEqu;
+    m_asi = asi;
     m_righe = std::move(righe);
-    m_calcoli.resize(m_righe.size());
-    for (std::size_t i = 0; i < m_righe.size(); ++i)
-        m_calcoli[i] = calcolaRiga(m_impostazione, m_asi, m_righe[i]);
+    m_calcoli.clear();
+    for (const RigaRilevamento& riga : m_righe)
+        m_calcoli.push_back(calcola(riga));
     if (!stesse) {
         endResetModel();
     } else if (!m_righe.empty()) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, Colonne - 1));
     }
     Q_EMIT totaleCambiato();
+}
+
+CalcoloRiga ModelloRilevamenti::calcola(const RigaRilevamento& riga) const {
+    if (m_modo == ModoGriglia::Correzione && (manca(riga.tPar) || manca(riga.tArr)))
+        return {};
+    return calcolaRiga(m_impostazione, m_asi, riga);
 }
 
 double ModelloRilevamenti::totale() const {
@@ -109,7 +120,7 @@ QVariant ModelloRilevamenti::data(const QModelIndex& indice, int ruolo) const {
     switch (ruolo) {
         case Qt::DisplayRole:
             if (const QString letto = testo(m_righe[riga], m_calcoli[riga], colonna);
-                m_modo == ModoGriglia::Ricezione && diTempo(colonna) && letto.trimmed().isEmpty())
+                diRicezione() && diTempo(colonna) && manca(letto))
                 return u"00:00:00:00"_s;
             [[fallthrough]];
         case Qt::EditRole:
@@ -145,96 +156,74 @@ Qt::ItemFlags ModelloRilevamenti::flags(const QModelIndex& indice) const {
 bool ModelloRilevamenti::setData(const QModelIndex& indice, const QVariant& valore, int ruolo) {
     if (ruolo != Qt::EditRole || !indice.isValid() || !modificabile(indice.column()))
         return false;
-    const QString testo = valore.toString();
     try {
-        switch (indice.column()) {
-            case TempoStart:
-            case TempoPassaggio:
-                return digitaTempo(indice, mascheraTempo(testo));
-            case PenAgg:
-                return scriviPenAgg(indice.row(), testo.trimmed());
-            default:
-                return scriviDescrizione(indice.row(), testo);
-        }
+        return scrivi(indice, valore.toString());
     } catch (...) {
-        fallita(std::current_exception());
+        // Not from here: the editor that is being closed must come to its end first.
+        QMetaObject::invokeMethod(
+            this, [errore = std::current_exception()] { std::rethrow_exception(errore); },
+            Qt::QueuedConnection);
         return false;
     }
 }
 
-bool ModelloRilevamenti::cancellaTempo(const QModelIndex& indice) {
-    if (!diTempo(indice.column()) || !modificabile(indice.column()))
-        return false;
-    try {
-        return scriviTempo(indice, m_modo == ModoGriglia::Ricezione ? u"00:00:00:00"_s : QString());
-    } catch (...) {
-        fallita(std::current_exception());
-        return false;
+bool ModelloRilevamenti::scrivi(const QModelIndex& indice, const QString& testo) {
+    switch (indice.column()) {
+        case TempoStart:
+        case TempoPassaggio:
+            scriviTempo(indice, mascheraTempo(testo));
+            return true;
+        case PenAgg:
+            return scriviPenAgg(indice.row(), testo.trimmed());
+        default:
+            scriviDescrizione(indice.row(), testo);
+            return true;
     }
 }
 
-bool ModelloRilevamenti::digitaTempo(const QModelIndex& indice, const QString& valore) {
-    if (!valore.isEmpty())
-        return scriviTempo(indice, valore);
-    if (!indice.data(Qt::EditRole).toString().isEmpty())
-        Q_EMIT tempoSvuotato(m_righe[static_cast<std::size_t>(indice.row())].idRil, indice.column());
-    return false;
+void ModelloRilevamenti::cancellaTempo(const QModelIndex& indice) {
+    scriviTempo(indice, diRicezione() ? u"00:00:00:00"_s : QString());
 }
 
-bool ModelloRilevamenti::scriviTempo(const QModelIndex& indice, const QString& valore) {
+void ModelloRilevamenti::scriviTempo(const QModelIndex& indice, const QString& valore) {
     const CampoTempo campo = indice.column() == TempoStart ? CampoTempo::Partenza : CampoTempo::Arrivo;
     const std::vector<TempoScritto> tempi =
         propagaTempo(m_righe, static_cast<std::size_t>(indice.row()), campo, valore, m_impostazione, m_asi,
-                     m_modo == ModoGriglia::Ricezione ? RegolaCatena::Ricezione : RegolaCatena::Manuale);
+                     diRicezione() ? RegolaCatena::Ricezione : RegolaCatena::Manuale);
     scriviTempi(m_righe, tempi);
     for (const TempoScritto& tempo : tempi) {
         m_righe[tempo.riga].tempo(tempo.campo) = tempo.valore;
         ricalcola(static_cast<int>(tempo.riga));
     }
     Q_EMIT totaleCambiato();
-    Q_EMIT modificata();
-    return true;
+    Q_EMIT modificata(m_idEqu);
 }
 
 bool ModelloRilevamenti::scriviPenAgg(int riga, const QString& testo) {
     const std::optional<double> numero = testo.isEmpty() ? 0.0 : leggiNumero(testo);
-    if (!numero) {
-        Q_EMIT numeroRifiutato(testo);
+    if (!numero)
         return false;
-    }
     RigaRilevamento& rilevamento = m_righe[static_cast<std::size_t>(riga)];
     scriviPenalitaAggiunta(rilevamento.idRil, *numero);
     rilevamento.penAgg = numero;
     ricalcola(riga);
     Q_EMIT totaleCambiato();
-    Q_EMIT modificata();
+    Q_EMIT modificata(m_idEqu);
     return true;
 }
 
-bool ModelloRilevamenti::scriviDescrizione(int riga, const QString& testo) {
+void ModelloRilevamenti::scriviDescrizione(int riga, const QString& testo) {
     RigaRilevamento& rilevamento = m_righe[static_cast<std::size_t>(riga)];
     scriviDescrizionePenalita(rilevamento.idRil, testo);
     rilevamento.desPenAgg = testo;
     ricalcola(riga);
-    Q_EMIT modificata();
-    return true;
+    Q_EMIT modificata(m_idEqu);
 }
 
 void ModelloRilevamenti::ricalcola(int riga) {
     const auto posto = static_cast<std::size_t>(riga);
-    m_calcoli[posto] = calcolaRiga(m_impostazione, m_asi, m_righe[posto]);
+    m_calcoli[posto] = calcola(m_righe[posto]);
     // Cell by cell: a view paints itself whole for a range.
     for (int colonna = TempoStart; colonna < Colonne; ++colonna)
         Q_EMIT dataChanged(index(riga, colonna), index(riga, colonna));
-}
-
-void ModelloRilevamenti::fallita(const std::exception_ptr& errore) {
-    // Not from here: an editor that is being closed must come to its end first.
-    QMetaObject::invokeMethod(
-        this,
-        [this, errore] {
-            ricarica();
-            std::rethrow_exception(errore);
-        },
-        Qt::QueuedConnection);
 }

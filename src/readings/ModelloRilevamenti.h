@@ -2,19 +2,18 @@
 
 #include "readings/Concatenazione.h"
 
-#include <exception>
 #include <QAbstractTableModel>
 
 // What a readings grid lets the operator do.
 enum class ModoGriglia {
-    Manuale,    // times and added penalties; chains as typed by hand, a deleted time is empty
-    Ricezione,  // times alone; chains as at reception, a deleted time is "00:00:00:00", a blank one looks so
+    Manuale,     // times and added penalties; chains as typed by hand, a deleted time is empty
+    Ricezione,   // times alone; chains as at reception, a deleted time is "00:00:00:00", a blank one looks so
+    Correzione,  // the same; a row with a blank time is not computed
     PenalitaAggiuntive,  // added penalties and their reasons alone
 };
 
 // A crew's readings on the archive: a changed cell is written, with what it reaches along its chain, in one
-// transaction, and its rows are computed anew. What the archive refuses is not shown: the rows are read again
-// and the failure is thrown from the event loop.
+// transaction, and its rows are computed anew. What throws leaves everything as it was.
 class ModelloRilevamenti final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -41,9 +40,14 @@ public:
     void apri(ModoGriglia modo);
     void mostra(int idEqu, bool asi);
     void ricarica();
-    // Empties a time cell, along its chain as well.
-    bool cancellaTempo(const QModelIndex& indice);
+    // What was typed in a cell: digits for a time, a number for an added penalty (0 when blank), any text for
+    // a reason. False, and nothing written, when an added penalty is no number. Throws ErroreArchivio, and
+    // Errore when the row is gone.
+    bool scrivi(const QModelIndex& indice, const QString& testo);
+    // Empties a time cell, along its chain as well. Throws like the other.
+    void cancellaTempo(const QModelIndex& indice);
 
+    [[nodiscard]] int idEqu() const { return m_idEqu; }
     [[nodiscard]] ModoGriglia modo() const { return m_modo; }
     [[nodiscard]] const std::vector<RigaRilevamento>& righe() const { return m_righe; }
     [[nodiscard]] double totale() const;  // penalties of the rows that have one
@@ -55,24 +59,24 @@ public:
     QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
     QVariant headerData(int sezione, Qt::Orientation verso, int ruolo = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& indice) const override;
-    // A time cell takes digits, no digit asks for its deletion; an added penalty a number, and 0 for a blank
-    // text.
+    // As `scrivi`, for the view: what fails is thrown from the event loop.
     bool setData(const QModelIndex& indice, const QVariant& valore, int ruolo = Qt::EditRole) override;
 
 Q_SIGNALS:
-    void modificata();      // a cell was written
-    void totaleCambiato();  // the rows were computed
-    void numeroRifiutato(const QString& testo);
-    void tempoSvuotato(int idRil, int colonna);  // nothing is written yet
+    void modificata(int idEqu);  // a cell was written
+    void totaleCambiato();       // the rows were computed
 
 private:
     [[nodiscard]] QString testo(const RigaRilevamento& riga, const CalcoloRiga& calcolo, int colonna) const;
-    bool digitaTempo(const QModelIndex& indice, const QString& valore);
-    bool scriviTempo(const QModelIndex& indice, const QString& valore);
+    // Chains, and a deleted time, as at reception.
+    [[nodiscard]] bool diRicezione() const {
+        return m_modo == ModoGriglia::Ricezione || m_modo == ModoGriglia::Correzione;
+    }
+    [[nodiscard]] CalcoloRiga calcola(const RigaRilevamento& riga) const;
+    void scriviTempo(const QModelIndex& indice, const QString& valore);
     bool scriviPenAgg(int riga, const QString& testo);
-    bool scriviDescrizione(int riga, const QString& testo);
+    void scriviDescrizione(int riga, const QString& testo);
     void ricalcola(int riga);
-    void fallita(const std::exception_ptr& errore);
 
     ModoGriglia m_modo = ModoGriglia::Manuale;
     Impostazione m_impostazione;

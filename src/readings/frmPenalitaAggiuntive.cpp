@@ -9,6 +9,7 @@ frmPenalitaAggiuntive::frmPenalitaAggiuntive(QWidget* padre)
     : FinestraRilevamenti(padre), m_ui(std::make_unique<Ui::frmPenalitaAggiuntive>()) {
     m_ui->setupUi(this);
     m_ui->divisore->setSizes({440, 700});
+    m_ui->etichettaPenalita->setBuddy(m_ui->griglia->focusProxy());
     // Comes alive with the Excel sheets.
     m_ui->cmdStampaExcel->setEnabled(false);
     connect(m_ui->cmdStampa, &QPushButton::clicked, this, &frmPenalitaAggiuntive::stampa);
@@ -21,6 +22,6 @@ frmPenalitaAggiuntive::frmPenalitaAggiuntive(QWidget* padre)
 frmPenalitaAggiuntive::~frmPenalitaAggiuntive() = default;
 
 void frmPenalitaAggiuntive::stampa() {
-    m_ui->griglia->concludiModifica();
-    ApriReport(u"PenalitàAggiuntive"_s, {}, u"Penalità Aggiuntive"_s, {}, {});
+    if (m_ui->griglia->concludiModifica(Uscita::Altrove))
+        ApriReport(u"PenalitàAggiuntive"_s, {}, u"Penalità Aggiuntive"_s, {}, {});
 }

@@ -34,10 +34,12 @@ frmTempiManuale::frmTempiManuale(QWidget* padre)
     mostraAlbero(false);
     m_ui->frmRicerca->hide();
     m_ui->divisore->setSizes({380, 940});
+    m_ui->etichettaRilevamenti->setBuddy(m_ui->griglia->focusProxy());
 
     connect(m_ui->cmdTempiMancanti, &QPushButton::clicked, this, &frmTempiManuale::premutoTempiMancanti);
     connect(m_ui->cmdEsci, &QPushButton::clicked, this, &QDialog::close);
     connect(m_ui->treeEq, &AlberoTempi::scelto, this, &frmTempiManuale::vaiAlNodo);
+    connect(m_ui->treeEq, &AlberoTempi::lasciato, m_ui->griglia, &GrigliaRilevamenti::prendiFuoco);
     // Once the edit has come to its end: the search may show a box.
     connect(m_ui->griglia, &GrigliaRilevamenti::modificata, this, &frmTempiManuale::cercaAncora,
             Qt::QueuedConnection);
@@ -49,13 +51,15 @@ frmTempiManuale::frmTempiManuale(QWidget* padre)
 frmTempiManuale::~frmTempiManuale() = default;
 
 void frmTempiManuale::premutoTempiMancanti() {
-    m_ui->griglia->concludiModifica();
+    if (!m_ui->griglia->concludiModifica(Uscita::Altrove))
+        return;
     if (!esistonoProveSvolte()) {
         avverti(u"Impossibile Cercare Tempi Errati/Mancanti"_s, u"Nessuna Prova Svolta"_s);
         return;
     }
     if (m_alberoMostrato) {
         mostraAlbero(false);
+        m_ui->griglia->prendiFuoco();
     } else {
         cerca();
     }
@@ -73,13 +77,14 @@ void frmTempiManuale::cerca() {
     }
     avvisaNonCercati(risultato.nonCercati);
     concludiRicerca(!risultato.equipaggi.empty());
+    if (m_alberoMostrato)
+        m_ui->treeEq->setFocus();
 }
 
-void frmTempiManuale::cercaAncora() {
-    const std::optional<EquipaggioElenco> equipaggio = m_ui->lstEq->corrente();
-    if (!m_alberoMostrato || !equipaggio)
+void frmTempiManuale::cercaAncora(int idEqu) {
+    if (!m_alberoMostrato)
         return;
-    m_ui->treeEq->sostituisci(equipaggio->idEqu, cercaTempi({}, equipaggio->idEqu));
+    m_ui->treeEq->sostituisci(idEqu, cercaTempi({}, idEqu));
     concludiRicerca(m_ui->treeEq->topLevelItemCount() > 0);
 }
 
@@ -105,13 +110,13 @@ void frmTempiManuale::mostraAvanzamento(FaseRicerca fase, int percento) {
 
 void frmTempiManuale::mostraAlbero(bool mostra) {
     m_alberoMostrato = mostra;
-    m_ui->treeEq->setVisible(mostra);
+    m_ui->albero->setVisible(mostra);
     m_ui->cmdTempiMancanti->setText(mostra ? CaptionNascondi : CaptionCerca);
 }
 
 void frmTempiManuale::vaiAlNodo(const QString& chiave) {
     const std::optional<NodoRicerca> nodo = leggiChiave(chiave);
-    if (!nodo || !m_ui->lstEq->vaiA(nodo->idEqu))
+    if (!nodo || !m_ui->griglia->concludiModifica() || !m_ui->lstEq->vaiA(nodo->idEqu))
         return;
     if (nodo->idPro) {
         m_ui->griglia->vaiA(*nodo->idPro, nodo->campo);

@@ -22,7 +22,7 @@ public:
 private:
     void premutoTempiMancanti();
     void cerca();
-    void cercaAncora();  // after an edit: only its crew's findings can have changed
+    void cercaAncora(int idEqu);  // after an edit: only its crew's findings can have changed
     void concludiRicerca(bool trovati);
     void mostraAvanzamento(FaseRicerca fase, int percento);
     void mostraAlbero(bool mostra);

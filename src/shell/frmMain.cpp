@@ -11,6 +11,7 @@
 #include "common/Impostazioni.h"
 #include "common/Public.h"
 #include "common/Subroutine.h"
+#include "common/TastiMenu.h"
 #include "shell/AggiornamentoSoftware.h"
 #include "shell/AzioniMenu.h"
 #include "shell/DisegnoASI.h"
@@ -89,6 +90,7 @@ frmMain::frmMain(QWidget* padre) : QMainWindow(padre), m_ui(std::make_unique<Ui:
     m_versione->setContentsMargins(0, 0, 8, 0);
     m_ui->stBar->addPermanentWidget(m_versione);
     creaMenu();
+    new TastiMenu(this);
     try {
         carica();
     } catch (...) {

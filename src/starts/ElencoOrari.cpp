@@ -1,5 +1,6 @@
 #include "starts/ElencoOrari.h"
 
+#include <algorithm>
 #include <QHeaderView>
 
 using namespace Qt::StringLiterals;
@@ -31,11 +32,13 @@ void ElencoOrari::aggiungi(const OrarioPartenza& orario) {
 }
 
 void ElencoOrari::mostra(const std::vector<OrarioPartenza>& orari) {
+    const int riga = std::max(indexOfTopLevelItem(currentItem()), 0);
     clear();
     QList<QTreeWidgetItem*> righe;
     for (const OrarioPartenza& orario : orari)
         righe << rigaOrario(orario);
     addTopLevelItems(righe);
+    setCurrentItem(topLevelItem(std::min(riga, topLevelItemCount() - 1)), Numero);
 }
 
 std::vector<OrarioPartenza> ElencoOrari::orari() const {

@@ -5,6 +5,7 @@
 #include "ui_frmRipartenza.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -24,11 +25,25 @@ frmRipartenza::frmRipartenza(QWidget* padre)
         new QTreeWidgetItem(m_ui->lstPro,
                             {controllo.nome, controllo.tempo, QString::number(controllo.idPro)});
     }
+    // The first one is not the chosen one until the operator says so.
+    m_ui->lstPro->setCurrentItem(m_ui->lstPro->topLevelItem(0), Nome, QItemSelectionModel::NoUpdate);
+    m_ui->lstPro->installEventFilter(this);
     collega({m_ui->txtTem, m_ui->txtIntervalloPartenze, m_ui->txtPrimoNumero, m_ui->lstOrari, m_ui->cmdGenera,
              m_ui->cmdRicezione, m_ui->cmdSalva, m_ui->cmdEsci});
 }
 
 frmRipartenza::~frmRipartenza() = default;
+
+bool frmRipartenza::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == m_ui->lstPro && evento->type() == QEvent::KeyPress && !daIDPro()) {
+        const int tasto = static_cast<QKeyEvent&>(*evento).key();
+        if (tasto == Qt::Key_Down || tasto == Qt::Key_Home) {
+            m_ui->lstPro->setCurrentItem(m_ui->lstPro->topLevelItem(0));
+            return true;
+        }
+    }
+    return FinestraOrari::eventFilter(oggetto, evento);
+}
 
 bool frmRipartenza::verifica(const QString& titolo) {
     if (daIDPro())

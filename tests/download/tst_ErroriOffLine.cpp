@@ -84,7 +84,7 @@ void tst_ErroriOffLine::init() {
     m_programma = std::make_unique<ProgrammaDiProva>();
     nuovaManifestazione({{"PrePA", "DEC"}, {"ASIeNONASI", 1}, {"PrePANoASI", "SEC"}});
     m_pa1 = nuovaProva({{"Nom", "Salita"}});
-    m_co = nuovaProva({{"Tip", "CO"}, {"Nom", "Controllo"}});
+    m_co = nuovaProva({{"Tip", "CO"}, {"Nom", "Controllo"}, {"ConA", m_pa1}});
     m_pa2 = nuovaProva({{"Nom", "Discesa"}, {"ConA", m_pa1}});
     m_uno = nuovoEquipaggio(1, {{"Cog", "VERDI"}});
     m_due = nuovoEquipaggio(2);
@@ -220,6 +220,11 @@ void tst_ErroriOffLine::correzione() {
     mostra(finestra);
     QVERIFY(finestra.findChild<QTableView*>("grT")->isColumnHidden(Colonna::PenAgg));
     const QString controllo = "07:00:00:00>07:30:00:00";
+    // A row with a missing time is not computed.
+    const auto* modello = finestra.findChild<QTableView*>("grS")->model();
+    QCOMPARE(modello->index(2, Colonna::Penalita).data().toString(), "?????");
+    QCOMPARE(finestra.findChild<QLabel*>("lblTotPen")->text(),
+             modello->index(1, Colonna::Penalita).data().toString());
     scrivi(finestra, 0, Colonna::TempoStart, "10000019");
     scrivi(finestra, 0, Colonna::TempoPassaggio, "10010555");
     QCOMPARE(tempiDi(m_uno), QStringList({"10:00:00:10>10:01:05:50", controllo, "10:01:05:50>"}));

@@ -163,7 +163,28 @@ void tst_RicezioneOFFLINE::scarico540() {
     QCOMPARE(tag.comandi(), QList<QByteArray>({"#ID\t", "#DL_12\t", "#DL_ 7\t"}));
     QCOMPARE(banco.griglia("grTempi"), QStringList({"2/ROSSI BIANCHI/Arrivo//14:30:00:00"}));
     QCOMPARE(banco.griglia("grScartati"), QStringList({"5/14:30:16:00/Equipaggio NON Iscritto"}));
-    // What was received and not saved goes with the window.
+    // What was received and not saved goes with the window: Esc asks first, the button does not. Where it
+    // cannot be thrown away the operator is told, and then may leave.
+    const auto chiudi = [&](const QString& domanda, bool si) {
+        dialoghi().attendiDomanda("Conferma Chiusura", domanda, si);
+        QTest::keyClick(&banco.finestra, Qt::Key_Escape);
+        QVERIFY(dialoghi().finite());
+    };
+    const QString nonSalvati =
+        "I Tempi Ricevuti NON Sono Ancora Stati Salvati.\nChiudere Veramente la Finestra Senza Salvarli ?";
+    chiudi(nonSalvati, false);
+    QCOMPARE(contaRighe("TempRil"), 1);
+    esegui("CREATE TRIGGER guasto BEFORE DELETE ON TempRil BEGIN SELECT RAISE(ABORT,'disco'); END");
+    dialoghi().attendiMessaggio({}, {}, Icona::Stop);
+    banco.premi("cmdEsci");
+    QVERIFY(dialoghi().finite());
+    QVERIFY(banco.finestra.isVisible());
+    chiudi({}, false);
+    QVERIFY(banco.finestra.isVisible());
+    chiudi({}, true);
+    QVERIFY(!banco.finestra.isVisible());
+    esegui("DROP TRIGGER guasto");
+    banco.finestra.show();
     banco.premi("cmdEsci");
     QCOMPARE(contaRighe("TempRil"), 0);
     QCOMPARE(Gara::rilevamentiScritti(), 0);

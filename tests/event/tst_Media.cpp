@@ -45,10 +45,7 @@ void tst_Media::calcoli() {
         compila(&finestra, dati);
         if (!*caso.atteso)
             programma.dialoghi.attendiMessaggio("Impossibile Calcolare", "Dati Mancanti o Incorretti");
-        const QString pulsante = QString("cmd") + caso.chiesto;
-        if (*caso.atteso)
-            QCOMPARE(controllo(&finestra, "v")->nextInFocusChain()->objectName(), pulsante);
-        premi(&finestra, pulsante);
+        premi(&finestra, QString("cmd") + caso.chiesto);
         QVERIFY2(programma.dialoghi.finite(), qPrintable(dati));
         if (*caso.atteso)
             QCOMPARE(contenuto(&finestra, caso.chiesto.toLower()), QString(caso.atteso));

@@ -98,7 +98,7 @@ void tst_Impaginazione::ripartizione() {
               {10, 20, 46.6667, 23.3333}},
              {"all fit: what is left goes to the soft ones", {{20, 1, true}, {30}, {10}}, {23, 57.75, 19.25}},
              {"only rigid", {{20, 1, true}, {30, 1, true}}, {40, 60}},
-             {"rigid ones alone are too many", {{80, 1, true}, {120, 1, true}, {30}}, {40, 60, 0}},
+             {"rigid ones alone are too many", {{80, 1, true}, {120, 1, true}, {30, 2}}, {30, 45, 25}},
              {"an empty column takes nothing", {{0, 0}, {50}}, {0, 100}},
              {"no column needs anything", {{0, 0, true}, {0, 0}}, {0, 0}}}) {
         const QList<double> larghezze = ripartisci(caso.colonne, 100);

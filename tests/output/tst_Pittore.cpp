@@ -4,12 +4,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
-#include <span>
 
 class tst_Pittore final : public QObject {
     Q_OBJECT
@@ -19,8 +19,9 @@ private Q_SLOTS:
     void gruppiInsieme();
     void esclusiAlFondoOInCoda();
     void celleLungheVannoACapo();
-    void nienteEsceDalFoglio_data();
-    void nienteEsceDalFoglio();
+    void testiAlLoroPosto_data();
+    void testiAlLoroPosto();
+    void virgoleInColonna();
     void spezzaLeRighe();
     void pdf();
     void pdfNonScritto();
@@ -78,6 +79,45 @@ int pagineDelPdf(const QString& percorso) {
         return -1;
     const QString contenuto = QString::fromLatin1(file.readAll());
     return static_cast<int>(contenuto.count(QRegularExpression("/Type\\s*/Page\\b(?!s)")));
+}
+
+struct Scritto {
+    QString testo;
+    QRectF zona;  // in points of the paper
+    QFont font;
+};
+
+// Paper that keeps the texts drawn on it.
+class CartaCheRicorda final : public QPaintDevice, private QPaintEngine {
+public:
+    CartaCheRicorda() : QPaintEngine(AllFeatures) {}
+    [[nodiscard]] QPaintEngine* paintEngine() const override { return const_cast<CartaCheRicorda*>(this); }
+    QList<Scritto> scritti;
+
+private:
+    [[nodiscard]] int metric(PaintDeviceMetric quale) const override {
+        return quale == PdmDevicePixelRatio || quale == PdmDevicePixelRatioScaled ? 1 : 72;
+    }
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    [[nodiscard]] Type type() const override { return User; }
+    void drawRects(const QRectF*, int) override {}
+    void drawTextItem(const QPointF& base, const QTextItem& testo) override {
+        const double alto = QFontMetricsF(testo.font()).capHeight();
+        scritti << Scritto{
+            testo.text(),
+            painter()->transform().mapRect(QRectF(base.x(), base.y() - alto, testo.width(), alto)),
+            testo.font()};
+    }
+};
+
+QList<Scritto> scrittiSu(Pittore& disegno, qsizetype pagina) {
+    CartaCheRicorda carta;
+    QPainter su(&carta);
+    disegno.disegna(su, 72, pagina);
+    return carta.scritti;
 }
 
 }  // namespace
@@ -153,57 +193,77 @@ void tst_Pittore::celleLungheVannoACapo() {
     QCOMPARE(elementi.at(3).altezza, elementi.at(1).altezza);
 }
 
-void tst_Pittore::nienteEsceDalFoglio_data() {
+void tst_Pittore::testiAlLoroPosto_data() {
     QTest::addColumn<Rapporto>("rapporto");
+    const QString lungo = QStringLiteral("Scuderia dei Gentiluomini del Volante ").repeated(4).trimmed();
+    const QString infinito = QStringLiteral("Precipitevolissimevolmente").repeated(8);
     QTest::newRow("classification") << classifica(120);
     QTest::newRow("cards") << schede({2, 70});
-    Rapporto lungo = classifica(40);
-    const QString infinito = QStringLiteral("Precipitevolissimevolmente").repeated(12);
-    for (Etichetta& etichetta : lungo.etichette)
-        etichetta.testo = infinito;
-    lungo.gruppi[0].righe[0] = {infinito, infinito, infinito};
-    const ColonnaRapporto stretta{.testata = infinito,
-                                  .campo = "Net",
-                                  .allineamento = Allineamento::Centro,
-                                  .sopra = infinito,
-                                  .sotto = "00:01:00"};
-    lungo.colonne << QList<ColonnaRapporto>(12, stretta);
-    for (QStringList& riga : lungo.gruppi[0].righe)
-        riga << QStringList(12, "00:01:00:12");
-    QTest::newRow("texts without end") << lungo;
-    Rapporto testaLunga = schede({2});
-    testaLunga.gruppi[0].testa[0][1].valore = infinito;
-    testaLunga.gruppi[0].piede[0].etichetta = infinito;
-    QTest::newRow("card of an endless name") << testaLunga;
-}
-
-// Every page painted with a broad border around its paper: all ink stands on the paper.
-void tst_Pittore::nienteEsceDalFoglio() {
-    QFETCH(const Rapporto, rapporto);
-    const auto inchiostro = [](const QImage& immagine) {
-        const std::span punti(reinterpret_cast<const QRgb*>(immagine.constBits()),
-                              static_cast<std::size_t>(immagine.sizeInBytes()) / sizeof(QRgb));
-        return std::ranges::count_if(punti, [](QRgb p) { return (p & 0xFFFFFF) != 0xFFFFFF; });
-    };
-    constexpr int Bordo = 60;
-    const QRect foglio(QPoint(Bordo, Bordo), A4.toSize());
-    Pittore pittore(rapporto, A4);
-    for (qsizetype pagina = 0; pagina < pittore.pagine().size(); ++pagina) {
-        QImage immagine(foglio.size() + QSize(2 * Bordo, 2 * Bordo), QImage::Format_RGB32);
-        immagine.fill(Qt::white);
-        {
-            QPainter su(&immagine);
-            su.translate(Bordo, Bordo);
-            pittore.disegna(su, 72, pagina);
-        }
-        const auto sulFoglio = inchiostro(immagine.copy(foglio.adjusted(-2, -2, 3, 3)));
-        QVERIFY2(sulFoglio > 1000, qPrintable(QString::number(pagina)));
-        QCOMPARE(inchiostro(immagine), sulFoglio);
+    Rapporto verifiche = classifica(3);
+    verifiche.etichette << Etichetta{"lblClub", "Club Organizzatore :", {}};
+    QTest::newRow("scrutineering without a club") << verifiche;
+    Rapporto gruppo = schede({2});
+    gruppo.gruppi[0].testa[1] << Voce{.etichetta = "di Raggruppamento :", .valore = lungo, .coda = "17"};
+    QTest::newRow("card of a long group name") << gruppo;
+    Rapporto squadre = classifica(0);
+    squadre.colonneGruppo = {{.testata = "PENALITA'", .allineamento = Allineamento::Destra},
+                             {.testata = "SQUADRA"}};
+    squadre.gruppi = QList<GruppoRapporto>(2, classifica(60).gruppi.first());
+    for (GruppoRapporto& squadra : squadre.gruppi)
+        squadra.celle = {"ESCLUSA", lungo};
+    QTest::newRow("teams of long names") << squadre;
+    for (const QString& testo : {lungo, infinito}) {
+        Rapporto tutto = classifica(40);
+        for (Etichetta& etichetta : tutto.etichette)
+            etichetta.testo = testo;
+        tutto.gruppi[0].righe[0] = {testo, testo, "123456,789"};
+        const ColonnaRapporto stretta{
+            .testata = testo, .allineamento = Allineamento::Centro, .sotto = "00:01:00"};
+        tutto.colonne << QList<ColonnaRapporto>(8, stretta);
+        for (QStringList& riga : tutto.gruppi[0].righe)
+            riga << QStringList(8, "00:01:00:12");
+        QTest::newRow(testo == lungo ? "long texts everywhere" : "endless words everywhere") << tutto;
     }
 }
 
+// Whole, within the paper, and none over another.
+void tst_Pittore::testiAlLoroPosto() {
+    QFETCH(const Rapporto, rapporto);
+    Pittore pittore(rapporto, A4);
+    for (qsizetype pagina = 0; pagina < pittore.pagine().size(); ++pagina) {
+        const QList<Scritto> scritti = scrittiSu(pittore, pagina);
+        QVERIFY(scritti.size() > 3);
+        for (qsizetype i = 0; i < scritti.size(); ++i) {
+            const auto& [testo, zona, font] = scritti.at(i);
+            QVERIFY2(QRectF(QPointF(0, 0), A4).contains(zona), qPrintable(testo));
+            QVERIFY2(!testo.contains(QChar(0x2026)), qPrintable(testo));
+            for (qsizetype j = 0; j < i; ++j)
+                QVERIFY2(!scritti.at(j).zona.intersects(zona),
+                         qPrintable(testo + " / " + scritti.at(j).testo));
+        }
+    }
+}
+
+void tst_Pittore::virgoleInColonna() {
+    Rapporto r = schede({4});
+    const QStringList numeri{"1100", "7,5", "-0,125", "ESC."};
+    for (qsizetype i = 0; i < numeri.size(); ++i)
+        r.gruppi[0].righe[i][2] = numeri.at(i);
+    Pittore pittore(r, A4);
+    QList<double> virgole;
+    for (const auto& [testo, zona, font] : scrittiSu(pittore, 0)) {
+        if (testo == "ESC.")
+            QVERIFY(zona.right() > A4.width() - 5);
+        else if (numeri.contains(testo) || testo == "123456789,25")
+            virgole << zona.left() + QFontMetricsF(font).horizontalAdvance(testo.section(',', 0, 0)) / 10;
+    }
+    QCOMPARE(virgole.size(), 4);  // the sum too, in its larger font
+    for (const double virgola : virgole)
+        QVERIFY2(qAbs(virgola - virgole.first()) < 0.1, qPrintable(QString::number(virgola)));
+}
+
 void tst_Pittore::spezzaLeRighe() {
-    const Carattere carattere(9, false);
+    const Carattere carattere(90, false);
     const QString testo = "Castelfranco-Piumazzo Nord/Sud";
     const double spazio = carattere.larghezza(u"Castelfranco-");
     QCOMPARE(carattere.spezza(testo, spazio), QStringList({"Castelfranco-", "Piumazzo", "Nord/Sud"}));
@@ -214,10 +274,19 @@ void tst_Pittore::spezzaLeRighe() {
     QVERIFY(pezzi.size() > 2);
     Caratteri caratteri;
     const double stretto = carattere.larghezza(testo) * 0.3;
-    QCOMPARE(caratteri.adatta(testo, stretto * 3, carattere).righe, QStringList(testo));  // in a smaller body
-    const TestoAdatto tagliato = caratteri.adatta(testo, stretto, carattere);
+    QCOMPARE(caratteri.suUnaRiga(testo, stretto * 3, carattere, 0.8).righe, QStringList(testo));  // smaller
+    const TestoAdatto tagliato = caratteri.suUnaRiga(testo, stretto, carattere, 0.8);
     QVERIFY(tagliato.righe.first().endsWith(QChar(0x2026)));
     QVERIFY(tagliato.carattere->larghezza(tagliato.righe.first()) <= stretto);
+    // Whatever the size and the room, the lines are the text and none is too long.
+    for (double corpo = 5.03; corpo < 9; corpo += 0.17) {
+        for (double largo = 30; largo < 160; largo += 1.3) {
+            const auto [font, righe] = caratteri.adatta(testo, largo, caratteri.carattere(corpo), 0.78, 2);
+            QCOMPARE(righe.join("").remove(' '), QString(testo).remove(' '));
+            for (const QString& riga : righe)
+                QVERIFY(font->larghezza(riga) <= largo);
+        }
+    }
 }
 
 void tst_Pittore::pdf() {
@@ -226,8 +295,10 @@ void tst_Pittore::pdf() {
     const Rapporto r = classifica(100);
     scriviPdf(r, percorso);
     QCOMPARE(pagineDelPdf(percorso), 3);
-    QCOMPARE(QFile::permissions(percorso) & ~(QFile::ReadUser | QFile::WriteUser),
-             QFile::ReadOwner | QFile::WriteOwner);
+    QFile comune(cartella.filePath("comune"));  // of the user's own mode
+    QVERIFY(comune.open(QIODevice::WriteOnly));
+    QCOMPARE(QFile::permissions(percorso), comune.permissions());
+    comune.remove();
     scriviPdf(classifica(1), percorso);  // in the place of the older one
     QCOMPARE(pagineDelPdf(percorso), 1);
     QCOMPARE(QDir(cartella.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);

@@ -300,11 +300,11 @@ void tst_RapportiDefiniti::schedaIntera() {
     QStringList testa;
     for (const QList<Voce>& linea : r.gruppi.first().testa)
         for (const Voce& voce : linea)
-            testa << voce.etichetta.trimmed() + voce.valore;
+            testa << voce.etichetta.trimmed() + voce.valore + voce.coda;
     QCOMPARE(testa,
              QStringList({"NUMERO :12", "EQUIPAGGIO :D'ANGELO Niccolò - ZANÈ Pia", "VEICOLO :LANCIA Aprilia",
                           "ANNO :1938", "CILINDRATA :1352", "Posizioni :", "Assoluta :4", "Class. ASI :3",
-                          "di Raggruppamento :Vetture d'anteguerra  2"}));
+                          "di Raggruppamento :Vetture d'anteguerra2"}));
 }
 
 void tst_RapportiDefiniti::schedePerEquipaggio() {

@@ -67,7 +67,10 @@ private Q_SLOTS:
     void cleanup();
     void digitazione();
     void invioPassaAvanti();
+    void celleAMeta_data();
+    void celleAMeta();
     void tastiDegliEquipaggi();
+    void equipaggioIllegibile();
     void calcoli();
     void cancellazione();
     void scritturaFallita();
@@ -152,6 +155,72 @@ void tst_FinestreRilevamenti::invioPassaAvanti() {
     QCOMPARE(banco.posto(), QString("2 0"));
 }
 
+// How many digits make a time when the cell is left, and by what.
+void tst_FinestreRilevamenti::celleAMeta_data() {
+    QTest::addColumn<QString>("cifre");
+    QTest::addColumn<QString>("come");
+    QTest::addColumn<QString>("arrivo");
+    const QString vecchio = "09:31:00:10";
+    const auto caso = [](const char* cifre, const char* come, const QString& arrivo) {
+        QTest::addRow("%s, %s", cifre, come) << cifre << come << arrivo;
+    };
+    caso("1", "Invio", "00:00:00:01");
+    caso("123456789", "Tab", "12:34:56:78");
+    for (const char* come : {"Su", "+", "-", "clic", "fuoco", "pagina", "chiudi"}) {
+        caso("12345", come, vecchio);
+        caso("012345", come, "00:01:23:45");
+    }
+    for (const char* come : {"Su", "fuoco"})
+        caso("", come, vecchio);
+    // Emptied: asked before the crew changes, or the window closes.
+    for (const char* come : {"Invio", "+", "chiudi"})
+        caso("", come, "");
+}
+
+void tst_FinestreRilevamenti::celleAMeta() {
+    QFETCH(QString, cifre);
+    QFETCH(QString, come);
+    QFETCH(QString, arrivo);
+    ordina(0);
+    Banco banco;
+    vai(banco.finestra, 1, Colonna::TempoPassaggio);
+    tasto(Qt::Key_F2);
+    tasto(Qt::Key_Backspace);
+    digita(cifre);
+    // Another window, as the help, comes over this one: the cell stays open.
+    QWidget* editor = QApplication::focusWidget();
+    {
+        QDialog aiuto(&banco.finestra);
+        mostra(aiuto);
+    }
+    QTRY_COMPARE(QApplication::focusWidget(), editor);
+    if (arrivo.isEmpty())
+        m_programma->dialoghi.attendiDomanda("Conferma Cancellazione", {}, true);
+    if (come == "clic") {
+        QTableView& grT = *banco.grT();
+        QTest::mouseClick(grT.viewport(), Qt::LeftButton, {},
+                          grT.visualRect(grT.model()->index(3, Colonna::TempoStart)).center());
+        QCOMPARE(banco.posto(), "3 2");
+    } else if (come == "fuoco") {
+        banco.finestra.findChild<QPushButton*>("cmdEsci")->setFocus();
+        QCoreApplication::processEvents();
+    } else if (come == "chiudi") {
+        QVERIFY(banco.finestra.close());
+    } else {
+        static const QHash<QString, Qt::Key> tasti{{"Invio", Qt::Key_Return}, {"Tab", Qt::Key_Tab},
+                                                   {"Su", Qt::Key_Up},        {"+", Qt::Key_Plus},
+                                                   {"-", Qt::Key_Minus},      {"pagina", Qt::Key_PageDown}};
+        tasto(tasti[come]);
+    }
+    QCOMPARE(tempiDi(m_equipaggi[0])[1], "09:30:00:00>" + arrivo);
+    QCOMPARE(banco.numero(), come == "+" ? "9" : "4");
+    const QString esito = cifre.isEmpty() ? QString() : "PA 1, T. Passaggio : " + arrivo;
+    QVERIFY2(banco.etichetta("lblEsito").contains(esito), qPrintable(banco.etichetta("lblEsito")));
+    if (arrivo.isEmpty())  // not Null: here, and where the chain has taken it
+        QVERIFY(!letto(m_equipaggi[0], m_prove[1], "TArr").isNull() &&
+                !letto(m_equipaggi[0], m_prove[2], "TPar").isNull());
+}
+
 // Plus and minus store and go on, wherever the focus is; each class has its precision.
 void tst_FinestreRilevamenti::tastiDegliEquipaggi() {
     Banco banco;
@@ -164,6 +233,7 @@ void tst_FinestreRilevamenti::tastiDegliEquipaggi() {
     }
     QCOMPARE(tempiDi(m_equipaggi[0])[1], QString(">09:31:00:75"));
     QCOMPARE(tempiDi(m_equipaggi[1])[1], QString(">09:31:00:00"));
+    QCOMPARE(banco.posto(), "1 3");  // the same test
     auto* lstEq = banco.finestra.findChild<QTreeWidget*>("lstEq");
     QCOMPARE(lstEq->topLevelItem(0)->text(4) + lstEq->topLevelItem(1)->text(4), QString("TrueFalse"));
     lstEq->setFocus();
@@ -174,6 +244,29 @@ void tst_FinestreRilevamenti::tastiDegliEquipaggi() {
     tasto(Qt::Key_Plus);
     QCOMPARE(banco.numero(), QString("9"));
     QVERIFY(banco.grT()->hasFocus());
+    for (const auto& [numero, poi] : {std::pair{" 4", "4"}, {"44", "4"}, {"9", "9"}}) {
+        m_programma->dialoghi.attendiChiedi("Vai all'Equipaggio", "Numero dell'Equipaggio", QString(numero));
+        if (QString(numero) == "44")
+            m_programma->dialoghi.attendiMessaggio("Equipaggio NON Trovato",
+                                                   "Nessun Equipaggio ha il Numero 44");
+        QTest::keyClick(banco.grT(), Qt::Key_G, Qt::ControlModifier);
+        QCOMPARE(banco.numero(), QString(poi));
+    }
+}
+
+// The crew on show stays, in the list, in the label and in the grid.
+void tst_FinestreRilevamenti::equipaggioIllegibile() {
+    ordina(0);
+    Banco banco;
+    ChiudiDataBase();
+    m_programma->dialoghi.attendiMessaggio({}, {}, Icona::Stop);
+    tasto(Qt::Key_Plus);
+    ApriDataBase();
+    QCOMPARE(banco.numero(), "4");
+    auto* lstEq = banco.finestra.findChild<QTreeWidget*>("lstEq");
+    QCOMPARE(lstEq->selectedItems(), QList{lstEq->topLevelItem(0)});
+    QCOMPARE(lstEq->currentItem(), lstEq->topLevelItem(0));
+    QVERIFY(banco.riga(0).startsWith("09:00:00:00 "));
 }
 
 void tst_FinestreRilevamenti::calcoli() {
@@ -182,7 +275,9 @@ void tst_FinestreRilevamenti::calcoli() {
     Banco banco;
     QCOMPARE(banco.riga(3), QString("12:34:56:78 abc ????? ????? ?????"));
     QCOMPARE(banco.etichetta("lblTotPen"), QString("20"));
-    scrivi(banco.finestra, 1, Colonna::PenAgg, "a50");
+    // A comma is refused aloud: 7,5 is no 75.
+    m_programma->dialoghi.attendiMessaggio("Penalità NON Valida", {});
+    scrivi(banco.finestra, 1, Colonna::PenAgg, "7,a50");
     QCOMPARE(banco.riga(1), QString("09:30:00:00 09:31:00:10 00:01:00:10 00:00:00:10 60"));
     QCOMPARE(banco.etichetta("lblTotPen"), QString("70"));
     QCOMPARE(banco.grT()->model()->index(1, Colonna::Scarto).data(ModelloRilevamenti::RuoloStile).toInt(),
@@ -237,6 +332,17 @@ void tst_FinestreRilevamenti::scritturaFallita() {
     QVERIFY(m_programma->dialoghi.viste().first().testo.contains("disco pieno"));
     QCOMPARE(banco.riga(0) + banco.riga(1) + banco.etichetta("lblTotPen"), prima);
     QCOMPARE(tempiDi(m_equipaggi[0]), Giusti);
+    // The time is still there to be stored: leaving tells why it is not, and from then on asks.
+    m_programma->dialoghi.attendiMessaggio({}, {}, Icona::Stop);
+    banco.finestra.close();
+    for (const bool si : {false, true}) {
+        QVERIFY(banco.finestra.isVisible());
+        m_programma->dialoghi.attendiDomanda("Conferma Chiusura", {}, si);
+        premi(banco.finestra, "cmdEsci");
+        QVERIFY(m_programma->dialoghi.viste().last().testo.contains("CO Asti, T. Passaggio : 09:45:00:00"));
+    }
+    QVERIFY(!banco.finestra.isVisible());
+    QCOMPARE(tempiDi(m_equipaggi[0]), Giusti);
 }
 
 void tst_FinestreRilevamenti::ricercaSenzaErrori() {
@@ -278,6 +384,12 @@ void tst_FinestreRilevamenti::ricercaESalto() {
     QCOMPARE(banco.clic({0, 0, 0}), QString("4: 1 2"));
     QVERIFY(banco.clic({0, 1}).startsWith("4: 3 "));
     QVERIFY(banco.clic({1}).startsWith("9: "));
+    // With the keyboard: the tree has it, Enter goes to a cell, Esc only back to the grid.
+    banco.premiRicerca();
+    banco.premiRicerca();
+    QCOMPARE(QApplication::focusWidget(), banco.albero());
+    tasto(Qt::Key_Escape);
+    QVERIFY(banco.grT()->hasFocus() && banco.finestra.isVisible());
     // Hidden and shown again, with the same node selected.
     banco.clic({1, 1, 1});
     banco.premiRicerca();
@@ -302,6 +414,12 @@ void tst_FinestreRilevamenti::correzioneConLAlbero() {
     scrivi(banco.finestra, 2, Colonna::TempoPassaggio, "09320020");
     QTRY_COMPARE(banco.albero()->topLevelItemCount(), 1);
     banco.clic({0, 0, 0});
+    // The click on another finding stores, and counts at once, though the tree is made anew under it.
+    banco.clic({0, 0, 0});
+    digita("093200");
+    QCOMPARE(banco.clic({0, 0}), QString("4: 2 2"));
+    QCOMPARE(tempiDi(m_equipaggi[0])[2], QString("09:31:00:10>00:09:32:00"));
+    vai(banco.finestra, 2, Colonna::TempoPassaggio);
     m_programma->dialoghi.attendiMessaggio("Nessu Tempo Mancante Trovato", {}, Icona::Informazione);
     digita("09320020");
     tasto(Qt::Key_Return);
@@ -353,16 +471,19 @@ void tst_FinestreRilevamenti::penalitaRifiutate() {
     digita("-");
     m_programma->dialoghi.attendiMessaggio("Penalità NON Valida",
                                            "\"-\" non è un numero: la penalità resta com'era.");
-    tasto(Qt::Key_Return);
-    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 1);
+    tasto(Qt::Key_Plus);
+    QCOMPARE(m_programma->dialoghi.viste().size(), 1);
     QVERIFY(letto(m_equipaggi[0], m_prove[0], "PenAgg").isNull());
+    // Still there, to be typed over; a plus in a number goes on to the next crew.
+    digita("-5+-");
+    QCOMPARE(letto(m_equipaggi[0], m_prove[0], "PenAgg"), QVariant(-5.0));
     esegui(
         "CREATE TRIGGER rifiuta BEFORE UPDATE ON Rilevamenti BEGIN SELECT RAISE(ABORT,'disco pieno'); END");
     m_programma->dialoghi.attendiMessaggio({}, {}, Icona::Stop);
     scrivi(finestra, 0, Colonna::PenAgg, "50");
-    QTRY_COMPARE(m_programma->dialoghi.viste().size(), 2);
+    QCOMPARE(m_programma->dialoghi.viste().size(), 2);
     const auto* modello = finestra.findChild<QTableView*>("grT")->model();
-    QCOMPARE(modello->index(0, Colonna::PenAgg).data().toString(), QString());
+    QCOMPARE(modello->index(0, Colonna::PenAgg).data().toString(), QString("-5"));
 }
 
 void tst_FinestreRilevamenti::penalitaStampate() {

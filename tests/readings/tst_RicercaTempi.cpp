@@ -125,9 +125,11 @@ void tst_RicercaTempi::nulliEBianchi() {
     tempi(idEqu, 1, QVariant(), "10:01:00:10");
     tempi(idEqu, 2, "10:00:00:00", "");
     tempi(idEqu, 3, "   ", "  ");
+    tempi(idEqu, 4, " ", QVariant());
     QCOMPARE(righe(cercaTempi()).mid(1),
              QStringList({"P1: Partenza [Mancante], Arrivo [Mancante]", "P2: Partenza [Mancante]",
-                          "P3: Arrivo [Mancante]", "P4: Partenza [Mancante], Arrivo [Mancante]"}));
+                          "P3: Arrivo [Mancante]", "P4: Partenza [Mancante], Arrivo [Mancante]",
+                          "P5: Arrivo [Mancante]"}));
 }
 
 // Each crew that the search can hold has test nodes of its own, and found alone is the same.

@@ -109,8 +109,11 @@ void tst_OrariDiPartenza::generazione() {
     genera(finestra, campi);
     QVERIFY(m_programma->dialoghi.finite());
     QCOMPARE(orari(finestra), attesi);
-    if (!fuoco.isEmpty())
-        QCOMPARE(QApplication::focusWidget()->objectName(), fuoco);
+    if (!fuoco.isEmpty()) {
+        auto* campo = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QCOMPARE(campo->objectName(), fuoco);
+        QCOMPARE(campo->selectedText(), campo->displayText());
+    }
     QCOMPARE(contaRighe("Rilevamenti", "TPar<>''"), 0);
     attendiUscita(true);
     finestra.close();
@@ -151,8 +154,12 @@ void tst_OrariDiPartenza::ripartenza() {
     genera(finestra, {"100000", "60"});
     auto* lstPro = finestra.findChild<QTreeWidget*>("lstPro");
     QCOMPARE(lstPro->topLevelItemCount(), 3);
-    QTest::mouseClick(lstPro->viewport(), Qt::LeftButton, {},
-                      lstPro->visualItemRect(lstPro->topLevelItem(1)).center());
+    // The first arrow chooses the first row.
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(QApplication::focusWidget(), lstPro);
+        tasto(Qt::Key_Down);
+        QCOMPARE(lstPro->selectedItems(), QList{lstPro->topLevelItem(i)});
+    }
     premi(finestra, "cmdGenera");
     m_programma->dialoghi.attendiAvviso("Ripartenza Creata");
     premi(finestra, "cmdSalva");
