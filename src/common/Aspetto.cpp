@@ -26,6 +26,6 @@ QPalette coloriDelProgramma() {
 
 Tinta tintaCellaCorrente(const QWidget* griglia) {
     if (griglia->hasFocus() || griglia->isAncestorOf(griglia->window()->focusWidget()))
-        return {SfondoEvidenziatoScuro, Qt::white};
+        return {QColor(0x40, 0x40, 0xB8), Qt::white};
     return {QColor(0xC6, 0xCB, 0xF0), Qt::black};
 }

@@ -12,7 +12,7 @@ QPalette coloriDelProgramma();
 // White on blue: what has the keyboard. The first is the operator's own, given; the second is for a ground
 // that is drawn in more than one shade, as that of a combo.
 inline constexpr QColor SfondoEvidenziato{0x80, 0x80, 0xFF};
-inline constexpr QColor SfondoEvidenziatoScuro{0x40, 0x40, 0xB8};
+inline constexpr QColor SfondoEvidenziatoScuro{0x20, 0x20, 0x78};
 
 struct Tinta {
     QColor sfondo;

@@ -28,6 +28,12 @@ QString valoreMascherato(const QLineEdit* campo, Maschera maschera) {
     return secondi ? QTime(0, 0).addSecs(*secondi).toString(u"HH:mm:ss"_s) : QString();
 }
 
+void tornaSu(QWidget* controllo) {
+    controllo->setFocus(Qt::OtherFocusReason);
+    if (auto* campo = qobject_cast<QLineEdit*>(controllo))
+        campo->selectAll();
+}
+
 ControlliUscita::ControlliUscita(QWidget* finestra) : QObject(finestra), m_finestra(finestra) {}
 
 void ControlliUscita::aggiungi(QLineEdit* campo, const Verifica& verifica) {
@@ -78,8 +84,7 @@ bool ControlliUscita::controllaLasciati() {
     const QList<QLineEdit*> lasciati = std::exchange(m_lasciati, {});
     for (QLineEdit* campo : lasciati) {
         if (m_finestra->isVisible() && !m_verifiche.value(campo)()) {
-            campo->setFocus();
-            campo->selectAll();
+            tornaSu(campo);
             return false;
         }
     }

@@ -14,6 +14,9 @@ void applicaMaschera(QLineEdit* campo, Maschera maschera);
 // What a masked field holds, in full (dd/mm/yyyy, hh:mm:ss); empty when it is empty or no date or time.
 QString valoreMascherato(const QLineEdit* campo, Maschera maschera);
 
+// Back to a control that was refused: it takes the focus with its text chosen, so that typing replaces it.
+void tornaSu(QWidget* controllo);
+
 // Holds the focus on a field whose check fails. Whoever acts on the fields calls risolvi() first: a button
 // may be pressed in the same instant in which a field is left.
 class ControlliUscita final : public QObject {

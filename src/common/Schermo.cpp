@@ -14,7 +14,7 @@ namespace {
 
 // Of most desktops; the platform tells the true ones only once the window is on the screen.
 constexpr QSize Cornice{8, 36};
-constexpr QSize ListaMinima{120, 90};
+constexpr QSize ListaMinima{200, 90};
 constexpr int MargineInVista = 24;
 const QString NomeZona = u"zonaScorrevole"_s;
 
@@ -30,8 +30,11 @@ QSize minimo(const QWidget* finestra) {
 // Lists scroll by themselves: what was promised to them for an ordinary screen gives way.
 void cediMinimi(QWidget* finestra) {
     const QList<QAbstractScrollArea*> liste = finestra->findChildren<QAbstractScrollArea*>();
-    for (QAbstractScrollArea* lista : liste)
+    for (QAbstractScrollArea* lista : liste) {
+        if (lista->minimumWidth() > ListaMinima.width())
+            lista->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         lista->setMinimumSize(lista->minimumSize().boundedTo(ListaMinima));
+    }
     finestra->setMinimumSize(0, 0);
     finestra->layout()->invalidate();
 }

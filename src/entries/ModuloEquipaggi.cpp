@@ -1,5 +1,6 @@
 #include "entries/ModuloEquipaggi.h"
 
+#include "common/Campi.h"
 #include "common/Dialoghi.h"
 #include "common/Funzioni.h"
 #include "common/Public.h"
@@ -359,10 +360,8 @@ bool ModuloEquipaggi::eventFilter(QObject* oggetto, QEvent* evento) {
     Finestra::eventFilter(oggetto, evento);
     campo->event(evento);  // the field must have let go before the focus may come back to it
     const QScopedValueRollback guardia(m_senzaControlli, true);
-    if (!controllaCampo(campo)) {
-        campo->setFocus(Qt::OtherFocusReason);
-        campo->selectAll();  // typing replaces what was refused
-    }
+    if (!controllaCampo(campo))
+        tornaSu(campo);
     return true;
 }
 

@@ -22,10 +22,9 @@ bool accettato(QWidget* finestra, const std::optional<Rifiuto>& rifiuto) {
     if (!rifiuto)
         return true;
     Dialoghi::corrente().messaggio(rifiuto->titolo, rifiuto->testo, rifiuto->icona);
-    if (auto* box = rifiuto->campo.isEmpty() ? nullptr : campo(finestra, rifiuto->campo)) {
-        box->setFocus();
-        box->selectAll();  // typing replaces what was refused
-    }
+    if (auto* controllo = finestra->findChild<QWidget*>(rifiuto->campo);
+        controllo && !rifiuto->campo.isEmpty())
+        tornaSu(controllo);
     return false;
 }
 

@@ -89,8 +89,10 @@ void frmAnteprima::preparaBarra() {
     const QList<QAction*> azioni{salva, esci};
     barra->addActions(azioni);
     for (QAction* azione : azioni) {
-        if (auto* pulsante = qobject_cast<QToolButton*>(barra->widgetForAction(azione)))
+        if (auto* pulsante = qobject_cast<QToolButton*>(barra->widgetForAction(azione))) {
             pulsante->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+            pulsante->setText(u'&' + azione->text());  // an action gives its text without the mnemonic
+        }
     }
 }
 

@@ -10,6 +10,7 @@
 #include "common/Funzioni.h"
 #include "common/Public.h"
 #include "common/Subroutine.h"
+#include "common/TastiMenu.h"
 #include "shell/AggiornamentoSoftware.h"
 #include "shell/AzioniMenu.h"
 #include "shell/DisegnoASI.h"
@@ -58,6 +59,7 @@ frmMain::frmMain(QWidget* padre) : QMainWindow(padre), m_ui(std::make_unique<Ui:
     m_versione->setContentsMargins(0, 0, 8, 0);
     m_ui->stBar->addPermanentWidget(m_versione);
     creaMenu();
+    new TastiMenu(this);
     try {
         carica();
     } catch (...) {

@@ -16,7 +16,7 @@ const QString NonGenerati = u"Impossibile Generare gli Orari"_s;
 
 void rifiuta(const QString& testo, QLineEdit* campo) {
     avverti(NonGenerati, testo);
-    campo->setFocus();
+    tornaSu(campo);
 }
 
 }  // namespace

@@ -1,8 +1,11 @@
+#include "common/Campi.h"
 #include "common/DialoghiQt.h"
+#include "common/Elenchi.h"
 #include "common/Finestra.h"
 #include "common/frmAiuto.h"
 #include "common/frmMSG.h"
 #include "common/Subroutine.h"
+#include "common/TastiMenu.h"
 #include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
@@ -11,10 +14,13 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -77,6 +83,9 @@ private Q_SLOTS:
     void scatole();
     void lettereConAlt();
     void testoSemplice();
+    void campoRifiutato();
+    void righe();
+    void menu();
 };
 
 void tst_Finestra::invioVaAvantiEColora() {
@@ -260,6 +269,71 @@ void tst_Finestra::testoSemplice() {
         finestre, [](const QWidget* w) { return w->inherits("QTipLabel") && w->isVisible(); });
     QVERIFY(suggerimento != finestre.end());
     QCOMPARE(qobject_cast<QLabel*>(*suggerimento)->textFormat(), Qt::PlainText);
+}
+
+void tst_Finestra::campoRifiutato() {
+    const ProgrammaDiProva programma;
+    FinestraDiProva finestra;
+    ControlliUscita uscita(&finestra);
+    uscita.aggiungiMascherato(&finestra.primo, Maschera::Data);
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    finestra.primo.setFocus();
+    QTest::keyClicks(&finestra.primo, "31022026");
+    QTest::keyClick(&finestra.primo, Qt::Key_Tab);
+    QTRY_COMPARE(QApplication::focusWidget(), &finestra.primo);
+    QTest::keyClicks(&finestra.primo, "15062026");
+    QCOMPARE(finestra.primo.text(), QString("15/06/2026"));
+}
+
+void tst_Finestra::righe() {
+    QTreeWidget elenco;
+    const auto riempi = [&](const QList<int>& chiavi, PrimaRiga prima) {
+        QList<QTreeWidgetItem*> nuove;
+        for (const int chiave : chiavi) {
+            nuove << new QTreeWidgetItem({QString::number(chiave)});
+            nuove.last()->setData(0, Qt::UserRole, chiave);
+        }
+        sostituisciRighe(&elenco, nuove, prima);
+    };
+    // Key of the current row, negative where it is not chosen.
+    const auto corrente = [&] {
+        const int chiave = elenco.currentItem()->data(0, Qt::UserRole).toInt();
+        return elenco.currentItem()->isSelected() ? chiave : -chiave;
+    };
+    riempi({1, 2, 3}, PrimaRiga::Scelta);
+    QCOMPARE(corrente(), 1);
+    QTest::keyClick(&elenco, Qt::Key_Down);
+    riempi({5, 4, 2, 1}, PrimaRiga::Scelta);
+    QCOMPARE(corrente(), 2);
+    riempi({5, 4, 1}, PrimaRiga::Scelta);  // the row is gone: the one in its place
+    QCOMPARE(corrente(), 1);
+    riempi({}, PrimaRiga::Corrente);
+    riempi({7, 8}, PrimaRiga::Corrente);
+    QCOMPARE(corrente(), -7);
+    for (const int attesa : {7, 8}) {
+        QTest::keyClick(&elenco, Qt::Key_Down);
+        QCOMPARE(corrente(), attesa);
+    }
+    riempi({7, 9}, PrimaRiga::Corrente);
+    QCOMPARE(corrente(), -9);
+}
+
+void tst_Finestra::menu() {
+    QMainWindow finestra;
+    const TastiMenu tasti(&finestra);
+    const QMenu* primo = finestra.menuBar()->addMenu("&Primo");
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    QTest::keyPress(&finestra, Qt::Key_Alt);
+    QTest::keyClick(&finestra, Qt::Key_X, Qt::AltModifier);
+    QTest::keyRelease(&finestra, Qt::Key_Alt);
+    QVERIFY(!primo->isVisible());
+    QTest::keyClick(&finestra, Qt::Key_Alt);
+    QVERIFY(primo->isVisible());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(&finestra, Qt::Key_F10);
+    QVERIFY(primo->isVisible());
 }
 
 PROVA_FINESTRE(tst_Finestra)
