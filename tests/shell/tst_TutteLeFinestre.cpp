@@ -211,6 +211,8 @@ void tst_TutteLeFinestre::tasti() {
         const QString suo = tasto(controllo);
         if (const auto* etichetta = qobject_cast<QLabel*>(controllo); etichetta && !suo.isEmpty())
             raggiunti << etichetta->buddy();
+        if (qobject_cast<QGroupBox*>(controllo) && !suo.isEmpty())
+            raggiunti << controllo;
         if (suo.isEmpty()) {
             if (qobject_cast<QPushButton*>(controllo))
                 difetti << controllo->objectName() + " non ha un tasto";
