@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# clang-tidy over the project's own sources, or over the files named, with the build that ./test.sh makes.
+# Plain text everywhere, then clang-tidy over the project's own sources, or over the files named, with the build that
+# ./test.sh makes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+scripts/check-text.sh
 build=build/sanitize
 if [ ! -f "$build/src/velmora_ui_autogen/include/ui_frmMain.h" ]; then
   cmake --preset sanitize >/dev/null
