@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QTest>
 
-class tst_Archivio final : public QObject {
+class tst_Archivio final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -20,28 +20,6 @@ private Q_SLOTS:
 
 namespace {
 
-QByteArray contenuto(const QString& percorso) {
-    QFile file(percorso);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void scrivi(const QString& percorso, const QByteArray& dati) {
-    QFile file(percorso);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(dati), dati.size());
-}
-
-// The text of the failure; empty when there was none.
-template <typename Azione>
-QString errore(Azione azione) {
-    try {
-        azione();
-        return {};
-    } catch (const ErroreArchivio& fallimento) {
-        return fallimento.testo();
-    }
-}
-
 // Runs with the rights of an ordinary user where the test itself runs as root.
 template <typename Azione>
 void comeUtenteComune(Azione azione) {
@@ -54,7 +32,6 @@ void comeUtenteComune(Azione azione) {
 }  // namespace
 
 void tst_Archivio::cascate() {
-    ProgrammaDiProva programma;
     const auto conta = [] {
         QList<int> righe;
         for (const char* tabella : {"Manifestazioni", "Prove", "Equipaggi", "Rilevamenti", "Raggruppamenti",
@@ -86,7 +63,6 @@ void tst_Archivio::cascate() {
 }
 
 void tst_Archivio::maiusculeEValori() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovoEquipaggio(7, {{"Cog", "D'Angelò"}, {"Omo", QVariant()}, {"Not", ""}, {"Cil", 1298}});
     Statement lettura("SELECT * FROM Equipaggi WHERE cog='d''angelò'");
@@ -101,7 +77,6 @@ void tst_Archivio::maiusculeEValori() {
 
 void tst_Archivio::ristretto() {
     // Byte copies are valid archives, so nothing of a closed archive may stand beside the file.
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     ChiudiDataBase();
     const QString copia = percorsoNelProgramma("copia.mdb");
@@ -114,15 +89,11 @@ void tst_Archivio::ristretto() {
 }
 
 void tst_Archivio::rifiutati() {
-    QByteArray buono;
-    {
-        const ProgrammaDiProva programma;
-        nuovaManifestazione();
-        for (int i = 0; i < 200; ++i)
-            nuovoEquipaggio(i);
-        ChiudiDataBase();
-        buono = contenuto(percorsoArchivio());
-    }
+    nuovaManifestazione();
+    for (int i = 0; i < 200; ++i)
+        nuovoEquipaggio(i);
+    ChiudiDataBase();
+    const QByteArray buono = leggiFile(percorsoArchivio());
     QByteArray guasto = buono;
     for (qsizetype i = 4096; i < guasto.size(); i += 3)
         guasto[i] = 'x';
@@ -135,21 +106,21 @@ void tst_Archivio::rifiutati() {
         {buono.left(100), "disk image is malformed"},
         {QByteArray(buono).replace(68, 4, "ABCD"), "altro programma"}};
     for (const auto& [dati, parola] : casi) {
-        ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
-        scrivi(percorsoArchivio(), dati);
-        const QString testo = errore([] {
+        scriviFile(percorsoArchivio(), dati);
+        const QString testo = erroreDi([] {
             PreparaArchivio();
             ApriDataBase();
             VerificaArchivio();
         });
         QVERIFY2(testo.contains(parola), qPrintable(parola + testo));
         ChiudiDataBase();
-        QCOMPARE(contenuto(percorsoArchivio()), dati);
+        QCOMPARE(leggiFile(percorsoArchivio()), dati);
     }
 }
 
 void tst_Archivio::cartellaNonScrivibile() {
-    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    ChiudiDataBase();
+    QVERIFY(QFile::remove(percorsoArchivio()));
     QVERIFY(QFile::setPermissions(PercorsoApp,
                                   QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
     comeUtenteComune([] { QVERIFY_EXCEPTION_THROWN(PreparaArchivio(), ErroreArchivio); });
@@ -157,15 +128,14 @@ void tst_Archivio::cartellaNonScrivibile() {
     QVERIFY(QFile::setPermissions(PercorsoApp, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
                                                    QFile::ReadOther | QFile::ExeOther));
     PreparaArchivio();
-    const QByteArray prima = contenuto(percorsoArchivio());
+    const QByteArray prima = leggiFile(percorsoArchivio());
     QVERIFY(QFile::setPermissions(percorsoArchivio(), QFile::ReadOwner | QFile::ReadOther));
     comeUtenteComune([] { QVERIFY_EXCEPTION_THROWN(PreparaArchivio(), ErroreArchivio); });
-    QCOMPARE(contenuto(percorsoArchivio()), prima);
+    QCOMPARE(leggiFile(percorsoArchivio()), prima);
 }
 
 void tst_Archivio::spartito() {
     // An archive that vanishes while the program runs must not come back empty.
-    ProgrammaDiProva programma;
     ChiudiDataBase();
     QVERIFY(QFile::rename(percorsoArchivio(), percorsoNelProgramma("altrove.mdb")));
     QVERIFY_EXCEPTION_THROWN(ApriDataBase(), ErroreArchivio);
@@ -176,11 +146,9 @@ void tst_Archivio::spartito() {
 }
 
 void tst_Archivio::discoPieno() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
-    const int pagine = leggiValore("PRAGMA page_count")->toInt();
-    leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
-    const QString testo = errore([] {
+    riempiDisco();
+    const QString testo = erroreDi([] {
         Transazione transazione;
         for (int i = 0; i < 1000; ++i)
             nuovoEquipaggio(i, {{"Not", QString(200, 'x')}});

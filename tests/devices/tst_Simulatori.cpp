@@ -10,23 +10,25 @@
 #include <QTest>
 
 // The simulators as the programs that a club starts, against the room's own port and conversation.
-class tst_Simulatori final : public QObject {
+class tst_Simulatori final : public ProvaConProgramma {
     Q_OBJECT
 
+public:
+    tst_Simulatori() : ProvaConProgramma(Archivio::Nessuno) {}
+
 private Q_SLOTS:
-    void init() { m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno); }
-    void cleanup() { m_programma.reset(); }
     void programmaTag();
     void programmaTabellone();
-
-private:
-    QString copione(const QString& righe) const;
-    std::unique_ptr<ProgrammaDiProva> m_programma;
 };
 
 namespace {
 
 constexpr int Attesa = 60000;
+
+QString copione(const char* testo) {
+    scriviFile("copione.txt", testo);
+    return PercorsoApp + "/copione.txt";
+}
 
 QStringList righe(const QList<RecordScarico>& record) {
     QStringList testi;
@@ -52,15 +54,8 @@ public:
 
 }  // namespace
 
-QString tst_Simulatori::copione(const QString& testo) const {
-    QFile file(PercorsoApp + "/copione.txt");
-    if (!file.open(QIODevice::WriteOnly) || file.write(testo.toUtf8()) < 0)
-        qFatal("cannot write the script");
-    return file.fileName();
-}
-
 void tst_Simulatori::programmaTag() {
-    const QString testo =
+    const char* testo =
         "# una manche, poi una corsa\n"
         "serie 12345\nmanche 3\nrecord 5 09:00:00.50\nrecord 0 09:00:01.00\nriga A   6\\n\n"
         "attendi invio\nattendi apertura\nincolla\npartenza\ntempo 1:02.34\nfine-incolla\n"

@@ -11,7 +11,7 @@ int gruppoDi(int idEqu) {
 
 }  // namespace
 
-class tst_Gruppi final : public QObject {
+class tst_Gruppi final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -89,8 +89,7 @@ void tst_Gruppi::anno() {
 }
 
 void tst_Gruppi::tabellaASI() {
-    ProgrammaDiProva programma;
-    programma.orologio.ora.setDate(QDate(2031, 1, 1));
+    m_programma->orologio.ora.setDate(QDate(2031, 1, 1));
     QStringList righe;
     for (const Gruppo& gruppo : gruppiASI())
         righe << QStringList{gruppo.nom, gruppo.fat, gruppo.daAnn, gruppo.aAnn}.join(' ');
@@ -100,7 +99,6 @@ void tst_Gruppi::tabellaASI() {
 }
 
 void tst_Gruppi::aggiuntaModificaEliminazione() {
-    const ProgrammaDiProva programma;
     nuovaManifestazione();
     const int vecchia = nuovoEquipaggio(1, {{"Ann", 1938}, {"IDGru_FK", 77}});
     const int id = aggiungiGruppo(IDMan, {0, "A", "1,25", "1931", "1945"}, false);
@@ -118,7 +116,6 @@ void tst_Gruppi::aggiuntaModificaEliminazione() {
 }
 
 void tst_Gruppi::riassegnazione() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     const int estraneo = nuovoEquipaggio(1, {{"Ann", 1970}, {"IDGru_FK", 5}});
     nuovaManifestazione();

@@ -3,7 +3,7 @@
 #include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
-class tst_Media final : public QObject {
+class tst_Media final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -11,10 +11,8 @@ private Q_SLOTS:
 };
 
 void tst_Media::calcoli() {
-    ProgrammaDiProva programma;
     frmUtilityPMI finestra;
-    finestra.show();
-    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    mostra(&finestra);
     // What is typed for the distance, the time and the speed; the one asked for; what it becomes, or empty
     // when that cannot be told.
     const struct {
@@ -44,9 +42,9 @@ void tst_Media::calcoli() {
         const QString dati = QString("s=%1;t=%2;v=%3").arg(caso.s, caso.t, caso.v);
         compila(&finestra, dati);
         if (!*caso.atteso)
-            programma.dialoghi.attendiMessaggio("Impossibile Calcolare", "Dati Mancanti o Incorretti");
+            dialoghi().attendiMessaggio("Impossibile Calcolare", "Dati Mancanti o Incorretti");
         premi(&finestra, QString("cmd") + caso.chiesto);
-        QVERIFY2(programma.dialoghi.finite(), qPrintable(dati));
+        QVERIFY2(dialoghi().finite(), qPrintable(dati));
         if (*caso.atteso)
             QCOMPARE(contenuto(&finestra, caso.chiesto.toLower()), QString(caso.atteso));
     }

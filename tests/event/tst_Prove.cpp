@@ -39,7 +39,7 @@ QString catena(const QList<int>& chiavi) {
 
 }  // namespace
 
-class tst_Prove final : public QObject {
+class tst_Prove final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -126,7 +126,7 @@ void tst_Prove::catene() {
         {"PA", 0, "", ""},
     };
     for (const auto& [prima, posizione, nuova, attesa] : casi) {
-        const ProgrammaDiProva programma;
+        ricomincia();
         salva("CO PA");  // of another event: no chain reaches them
         QList<int> chiavi = salva(prima);
         nuovoEquipaggio(1);
@@ -147,7 +147,6 @@ void tst_Prove::catene() {
 }
 
 void tst_Prove::rilevamentiDellaProvaNuova() {
-    const ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovoEquipaggio(9);  // of another event
     nuovaManifestazione();
@@ -163,7 +162,6 @@ void tst_Prove::rilevamentiDellaProvaNuova() {
 }
 
 void tst_Prove::colonne() {
-    const ProgrammaDiProva programma;
     nuovaManifestazione();
     Prova prova{.tip = "PM", .nom = "", .loc = "Canelli d'Asti", .tem = "00:12:30", .dat = "14/06/2026"};
     prova.id = aggiungiProva(IDMan, prova);

@@ -16,7 +16,7 @@ QString nome(const VoceMenu& voce) {
 
 }  // namespace
 
-class tst_Menu final : public QObject {
+class tst_Menu final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -53,12 +53,12 @@ void tst_Menu::controlli() {
          "mnuStampaListaDiPartenzaConOrariinExcel mnuImportazioneProve mnuClasRaggruppamento"}};
     for (const auto& [titolo, conDati, voci] : casi) {
         for (const QString& voce : QString(voci).split(' ')) {
-            ProgrammaDiProva programma;
+            ricomincia();
             const auto trovata = std::ranges::find(vociMenu(), voce, nome);
             QVERIFY2(trovata != vociMenu().end(), qPrintable(voce));
             const auto rifiuta = [&, titolo = titolo](const QString& testo) {
-                programma.dialoghi.attendiMessaggio(titolo, testo);
-                return !controlla(trovata->controllo) && programma.dialoghi.finite();
+                dialoghi().attendiMessaggio(titolo, testo);
+                return !controlla(trovata->controllo) && dialoghi().finite();
             };
             QVERIFY2(rifiuta(NessunaAttiva), qPrintable(voce));
             IDMan = 99;  // a key whose row is gone
@@ -79,10 +79,9 @@ void tst_Menu::controlli() {
 }
 
 void tst_Menu::titoliCheCambiano() {
-    ProgrammaDiProva programma;
     const auto rifiuta = [&](Controllo controllo, const QString& titolo, const QString& testo) {
-        programma.dialoghi.attendiMessaggio("Impossibile Accedere " + titolo, testo);
-        return !controlla(controllo) && programma.dialoghi.finite();
+        dialoghi().attendiMessaggio("Impossibile Accedere " + titolo, testo);
+        return !controlla(controllo) && dialoghi().finite();
     };
     QVERIFY(rifiuta(Controllo::Quote, "alle Quote di Iscrizione", NessunaAttiva));
     QVERIFY(rifiuta(Controllo::RicezioneOffLine, "Alla Ricezione Tempi", NessunaAttiva));

@@ -6,17 +6,16 @@
 #include "supporto/ProvaFinestre.h"
 
 // Start times taken from the chronometer, through the windows that open the reception.
-class tst_RicezioneLista final : public QObject {
+class tst_RicezioneLista final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_gara = std::make_unique<Gara>(); }
-    void cleanup() { m_gara.reset(); }
     void scarico_data();
     void scarico();
 
 private:
-    DialoghiDiProva& dialoghi() { return m_gara->programma.dialoghi; }
+    void prepara() override { m_gara = std::make_unique<Gara>(); }
+    void chiudi() override { m_gara.reset(); }
     // Presses `cmdRicezione`; `dentro` works in the reception window, which is closed after it.
     void ricevi(QWidget& finestra, const std::function<void(frmRicezioneLista&)>& dentro);
 
@@ -24,10 +23,6 @@ private:
 };
 
 namespace {
-
-void premi(QWidget& finestra, const char* nome) {
-    QTest::mouseClick(finestra.findChild<QPushButton*>(nome), Qt::LeftButton);
-}
 
 QStringList elenco(const QWidget& finestra) {
     QStringList righe;
@@ -41,19 +36,12 @@ QStringList elenco(const QWidget& finestra) {
 void tst_RicezioneLista::ricevi(QWidget& finestra, const std::function<void(frmRicezioneLista&)>& dentro) {
     finestra.show();
     finestra.findChild<ElencoOrari*>("lstOrari")->mostra({{1, "08:00:00.00", m_gara->equipaggi[0]}});
-    bool aperta = false;
-    QTimer::singleShot(0, &finestra, [&] {
-        auto* lista = qobject_cast<frmRicezioneLista*>(QApplication::activeModalWidget());
-        aperta = lista != nullptr;
-        if (!lista)
-            return;
-        lista->findChild<QComboBox*>("cboPortaCOM")->setCurrentText("COM 2");
-        dentro(*lista);
-        premi(*lista, "cmdEsci");
-    });
-    premi(finestra, "cmdRicezione");
-    QVERIFY(aperta);
-    QVERIFY(dialoghi().finite());
+    inModale<frmRicezioneLista>([&] { premi(finestra, "cmdRicezione"); },
+                                [&](frmRicezioneLista& lista) {
+                                    compila(lista, "cboPortaCOM=COM 2");
+                                    dentro(lista);
+                                    premi(lista, "cmdEsci");
+                                });
     QVERIFY(!m_gara->linea.aperto());
 }
 
@@ -106,7 +94,7 @@ void tst_RicezioneLista::scarico() {
     QCOMPARE(elenco(*finestra), QStringList({QString("7 10:00:00:00 %1").arg(m_gara->equipaggi[2]),
                                              QString("2 10:01:07:00 %1").arg(m_gara->equipaggi[1]),
                                              QString("7 10:03:00:00 %1").arg(m_gara->equipaggi[2])}));
-    const auto& valori = m_gara->programma.impostazioni.valori;
+    const auto& valori = m_programma->impostazioni.valori;
     QCOMPARE(valori.value("com/lista"), "2");
     QCOMPARE(valori.value("chrono/lista"), QString::number(static_cast<int>(dispositivo)));
     QVERIFY(!valori.contains("com/offline") && !valori.contains("chrono/offline"));
@@ -120,7 +108,6 @@ void tst_RicezioneLista::scarico() {
         QCOMPARE(Gara::rilevamento(m_gara->equipaggi[2], m_gara->co1), "10:03:00:00|");
         QCOMPARE(Gara::rilevamentiScritti(), 2);
     }
-    QVERIFY(dialoghi().finite());
 }
 
 PROVA_FINESTRE(tst_RicezioneLista)

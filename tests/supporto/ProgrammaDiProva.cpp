@@ -1,7 +1,10 @@
 #include "supporto/ProgrammaDiProva.h"
 
+#include "archive/ErroreArchivio.h"
+
+#include <QDir>
+#include <QFile>
 #include <QRegularExpression>
-#include <QTest>
 
 namespace {
 
@@ -33,6 +36,55 @@ ProgrammaDiProva::~ProgrammaDiProva() {
     Impostazioni::installa(nullptr);
     Orologio::installa(nullptr);
     IDMan = 0;
+}
+
+void ProvaConProgramma::init() {
+    m_programma = std::make_unique<ProgrammaDiProva>(m_archivio);
+    prepara();
+}
+
+void ProvaConProgramma::cleanup() {
+    const bool finite = dialoghi().finite();
+    chiudi();
+    m_programma.reset();
+    QVERIFY(finite);
+}
+
+void ProvaConProgramma::ricomincia() {
+    cleanup();
+    init();
+}
+
+QByteArray leggiFile(const QString& nome) {
+    QFile file(QDir(PercorsoApp).filePath(nome));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+void scriviFile(const QString& nome, const QByteArray& dati) {
+    const QFileInfo info(QDir(PercorsoApp), nome);
+    QVERIFY(QDir().mkpath(info.path()));
+    QFile file(info.filePath());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(dati), dati.size());
+}
+
+QString erroreDi(const std::function<void()>& azione) {
+    try {
+        azione();
+        return {};
+    } catch (const Errore& errore) {
+        return errore.testo();
+    }
+}
+
+void guasta(const QString& cambiamento) {
+    esegui(QStringLiteral("CREATE TRIGGER guasto BEFORE %1 BEGIN SELECT RAISE(ABORT,'disco guasto'); END")
+               .arg(cambiamento));
+}
+
+void riempiDisco(int libere) {
+    const int pagine = leggiValore(QStringLiteral("PRAGMA page_count"))->toInt() + libere;
+    leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
 }
 
 int nuovaManifestazione(const QVariantMap& valori) {
