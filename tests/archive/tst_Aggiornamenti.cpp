@@ -1,10 +1,8 @@
 #include "archive/Aggiornamenti.h"
-#include "archive/ErroreArchivio.h"
 #include "archive/Schema.h"
 #include "supporto/ProgrammaDiProva.h"
 
 #include <numeric>
-#include <QTest>
 
 class tst_Aggiornamenti final : public ProvaConProgramma {
     Q_OBJECT

@@ -1,15 +1,12 @@
-#include "archive/ErroreArchivio.h"
 #include "supporto/ProgrammaDiProva.h"
 
 #include <unistd.h>
 #include <QFile>
-#include <QTest>
 
 class tst_Archivio final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cascate();
     void maiusculeEValori();
     void ristretto();
     void rifiutati();
@@ -30,37 +27,6 @@ void comeUtenteComune(Azione azione) {
 }
 
 }  // namespace
-
-void tst_Archivio::cascate() {
-    const auto conta = [] {
-        QList<int> righe;
-        for (const char* tabella : {"Manifestazioni", "Prove", "Equipaggi", "Rilevamenti", "Raggruppamenti",
-                                    "Squadre", "Prezzi", "Incassi"})
-            righe << contaRighe(tabella);
-        return righe;
-    };
-    const auto popola = [] {
-        const int man = nuovaManifestazione();
-        nuovaProva();
-        nuovaProva();
-        int pre = 0;
-        for (const char* tabella : {"Raggruppamenti", "Squadre", "Prezzi"})
-            pre = inserisciRiga(tabella, {{"IDMan_FK", man}});
-        const int equ = nuovoEquipaggio(1);
-        nuovoEquipaggio(2);
-        inserisciRiga("Incassi", {{"IDEqu_FK", equ}, {"IDPre_FK", pre}, {"Qta", 1}});
-        return man;
-    };
-    const int prima = popola();
-    popola();
-    QCOMPARE(conta(), (QList<int>{2, 4, 4, 8, 2, 2, 2, 2}));
-    esegui("DELETE FROM Manifestazioni WHERE IDMan=?", {prima});
-    QCOMPARE(conta(), (QList<int>{1, 2, 2, 4, 1, 1, 1, 1}));
-    esegui("DELETE FROM Prove WHERE IDPro=(SELECT min(IDPro) FROM Prove)");
-    QCOMPARE(conta(), (QList<int>{1, 1, 2, 2, 1, 1, 1, 1}));
-    esegui("DELETE FROM Equipaggi WHERE Num=1");
-    QCOMPARE(conta(), (QList<int>{1, 1, 1, 1, 1, 1, 1, 0}));
-}
 
 void tst_Archivio::maiusculeEValori() {
     nuovaManifestazione();

@@ -2,15 +2,10 @@
 #include "common/frmAiuto.h"
 #include "common/frmMSG.h"
 #include "common/Subroutine.h"
-#include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <QVBoxLayout>
 
 namespace {
@@ -41,7 +36,7 @@ public:
 
 }  // namespace
 
-class tst_Finestra final : public QObject {
+class tst_Finestra final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -53,10 +48,8 @@ private Q_SLOTS:
 };
 
 void tst_Finestra::invioVaAvantiEColora() {
-    ProgrammaDiProva programma;
     FinestraDiProva finestra;
-    finestra.show();
-    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    mostra(finestra);
     finestra.primo.setFocus();
     QCOMPARE(finestra.primo.palette().color(QPalette::Base), QColor(0x80, 0x80, 0xFF));
     QWidget* attesi[] = {&finestra.combo, &finestra.spunta, &finestra.ultimo, &finestra.pulsante};
@@ -72,12 +65,10 @@ void tst_Finestra::invioVaAvantiEColora() {
 }
 
 void tst_Finestra::completaMentreSiScrive() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovoEquipaggio(1, {{"Mar", "Lancia"}});
     FinestraDiProva finestra;
-    finestra.show();
-    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    mostra(finestra);
     QTest::keyClicks(&finestra.primo, "la");
     QCOMPARE(finestra.primo.text(), QStringLiteral("LANCIA"));
     QCOMPARE(finestra.primo.selectedText(), QStringLiteral("NCIA"));
@@ -110,24 +101,23 @@ void tst_Finestra::filtriSuIncolla() {
 
 void tst_Finestra::chiusuraConErrori() {
     // An archive that fails inside a click or a closing becomes a box, and the window goes on.
-    ProgrammaDiProva programma;
     FinestraDiProva finestra;
     connect(&finestra.pulsante, &QPushButton::clicked, &finestra, [] { esegui("DELETE FROM Assente"); });
     QVERIFY(FinestraCaricata("frmDiProva") && !FinestraCaricata("FRMDIPROVA"));
     finestra.show();
-    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    dialoghi().attendiMessaggio("Velmora", QString(), Icona::Stop);
     QTest::mouseClick(&finestra.pulsante, Qt::LeftButton);
-    QVERIFY(programma.dialoghi.viste().constFirst().testo.contains("Assente"));
+    QVERIFY(dialoghi().viste().constFirst().testo.contains("Assente"));
     finestra.guasta = true;
-    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    dialoghi().attendiMessaggio("Velmora", QString(), Icona::Stop);
     finestra.close();
     finestra.guasta = finestra.chiudibile = false;
     QTest::keyClick(&finestra, Qt::Key_Escape);
     QVERIFY(finestra.isVisible());
     impostaFileAiuto(percorsoNelProgramma("vlm help.hlp"));
-    programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    dialoghi().attendiMessaggio("Velmora", QString(), Icona::Stop);
     QTest::keyClick(&finestra, Qt::Key_F1);
-    QVERIFY(programma.dialoghi.finite());
+    QVERIFY(dialoghi().finite());
     finestra.chiudibile = true;
     finestra.close();
     QVERIFY(!finestra.isVisible());

@@ -4,7 +4,6 @@
 #include "supporto/ProgrammaDiProva.h"
 
 #include <QDir>
-#include <QTest>
 
 // Recorded streams and what must be read from them, in pairs of files: <decoder>-<case>.flusso holds the
 // bytes, <decoder>-<case>.atteso the expected lines. Each stream is fed whole, by groups and character by

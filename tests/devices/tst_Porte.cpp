@@ -5,7 +5,6 @@
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QTest>
 
 // Ports of the machine on real pseudo-terminals.
 class tst_Porte final : public ProvaConProgramma {

@@ -7,7 +7,6 @@
 
 #include <QProcess>
 #include <QSignalSpy>
-#include <QTest>
 
 // The simulators as the programs that a club starts, against the room's own port and conversation.
 class tst_Simulatori final : public ProvaConProgramma {

@@ -1,8 +1,6 @@
 #include "download/RicercaErrori.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
-
 // From switches and records to readings, through the archive.
 class tst_Assegnazione final : public ProvaConProgramma {
     Q_OBJECT

@@ -1,12 +1,9 @@
-#include "archive/ErroreArchivio.h"
 #include "download/ElencoPressostati.h"
 #include "download/frmCorrezioneOffLine.h"
 #include "download/frmErroriTempiOffLine.h"
 #include "download/frmRicezioneOFFLINE.h"
 #include "download/IscrizioneOffLine.h"
 #include "supporto/BancoRilevamenti.h"
-#include "supporto/ProgrammaDiProva.h"
-#include "supporto/ProvaFinestre.h"
 
 #include <QTableWidget>
 

@@ -1,5 +1,4 @@
 #include "supporto/BancoScarico.h"
-#include "supporto/ProvaFinestre.h"
 
 // What goes wrong on the line of a download: each time the operator reads why, the window can be used again
 // and what the archive holds is untouched.

@@ -1,8 +1,5 @@
 #include "download/frmRicezioneProvediMedia.h"
 #include "supporto/BancoScarico.h"
-#include "supporto/ProvaFinestre.h"
-
-#include <QHeaderView>
 
 // The download windows on real pseudo-terminals, when all goes well and when the operator is refused.
 class tst_RicezioneOFFLINE final : public ProvaConProgramma {
@@ -172,14 +169,10 @@ void tst_RicezioneOFFLINE::scarico540() {
 void tst_RicezioneOFFLINE::impostazioni() {
     auto& valori = m_programma->impostazioni.valori;
     for (const auto& [porta, dispositivo, numero, letti] :
-         {std::tuple{"9", "1", "1", "COM 9/TAG CP540/1"}, std::tuple{"12", "x", "", "COM 1/TAG CP520/0"}}) {
+         {std::tuple{"9", "1", "1", "cboPortaCOM=COM 9;cboChrono=TAG CP540;chkNumero=SI"},
+          std::tuple{"12", "x", "", "cboPortaCOM=COM 1;cboChrono=TAG CP520;chkNumero=NO"}}) {
         valori = {{"com/offline", porta}, {"chrono/offline", dispositivo}, {"numero/offline", numero}};
-        BancoOFFLINE banco{QString()};
-        QCOMPARE(QString("%1/%2/%3")
-                     .arg(banco.trova<QComboBox>("cboPortaCOM")->currentText(),
-                          banco.trova<QComboBox>("cboChrono")->currentText())
-                     .arg(banco.trova<QCheckBox>("chkNumero")->isChecked()),
-                 letti);
+        confronta(BancoOFFLINE(QString()).finestra, letti);
     }
     BancoOFFLINE banco;
     banco.dispositivo(Dispositivo::CP540);

@@ -1,11 +1,9 @@
 #include "ModuloDiProva.h"
 
-class tst_ModuloIscrizioni final : public QObject, private ModuloDiProva {
+class tst_ModuloIscrizioni final : public ModuloDiProva {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { comincia(); }
-    void cleanup() { finisci(); }
     void eventoVuoto();
     void salvataggio();
     void soloTastiera();
@@ -30,7 +28,6 @@ private:
 
 void tst_ModuloIscrizioni::eventoVuoto() {
     apri();
-    QCOMPARE(m_finestra->windowTitle(), QString("Modulo Iscrizioni"));
     QVERIFY(inserimento());
     QCOMPARE(QApplication::focusWidget(), box("txtNum"));
     confronta("cboGruppo=Nessuno;cboSes=;txtDatNas=__/__/____");

@@ -3,7 +3,7 @@
 #include "event/CreazioneManifestazione.h"
 #include "event/Elenco.h"
 #include "event/PaginaGuidata.h"
-#include "supporto/Controlli.h"
+#include "supporto/ProvaFinestre.h"
 
 // Runs a creation and, inside it, the operator's steps; whatever the steps leave open is closed.
 template <typename Passi>

@@ -1,8 +1,6 @@
 #include "event/frmNuovaManifestazione.h"
 #include "event/Guida.h"
 #include "event/NuovaManifestazione.h"
-#include "supporto/ProgrammaDiProva.h"
-#include "supporto/ProvaFinestre.h"
 
 #include <QSignalSpy>
 
@@ -322,7 +320,7 @@ void tst_Creazione::prove() {
         doppioClic("lstProve", 0);
         premi("cmdEli");
         // The chain that leads nowhere now is not revised here.
-        confronta("lstProve 0 1=Due;lstProve 0 5=SI;Dat=//;lblNumero=Prove Inserite : 2");
+        confronta("lstProve 0 1=Due;lstProve 0 5=SI;Dat=__/__/____;lblNumero=Prove Inserite : 2");
 
         // Time controls measured from the start are not chained, nor can they be.
         premi("cmdIndietro", 3);

@@ -2,8 +2,6 @@
 #include "event/NuovaManifestazione.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
-
 class tst_Manifestazione final : public ProvaConProgramma {
     Q_OBJECT
 

@@ -1,7 +1,5 @@
 #include "event/frmUtilityPMI.h"
 #include "event/Guida.h"
-#include "supporto/ProgrammaDiProva.h"
-#include "supporto/ProvaFinestre.h"
 
 class tst_Media final : public ProvaConProgramma {
     Q_OBJECT

@@ -5,8 +5,6 @@
 #include "event/frmModificaSquadra.h"
 #include "event/frmProveSvolte.h"
 #include "event/Guida.h"
-#include "supporto/ProgrammaDiProva.h"
-#include "supporto/ProvaFinestre.h"
 
 #include <QSignalSpy>
 
@@ -74,11 +72,12 @@ void tst_ModificaManifestazione::caricaESalva() {
         frmModificaManifestazione finestra;
         const QSignalSpy modificata(&finestra, &frmModificaManifestazione::manifestazioneModificata);
         mostra(&finestra);
-        confronta(&finestra,
-                  "txtNom=Coppa delle Colline;DaDat=13/06/2026;DatVer=//;txtMaxPen=300;txtMaxPenNoASI=600;"
-                  "txtNumFatNoASI=2,5;txtPenProNonSvo=750;txtPenUniPANoASI=9;cboPrePA=CENTESIMO;cboPrePM=;"
-                  "optCOPar=NO;lblPenUniPA=Penalità per Ogni CENTESIMO nelle P.A. : ;"
-                  "lblPenUniCO=Penalità per Ogni MINUTO nei C.O. : ");
+        confronta(
+            &finestra,
+            "txtNom=Coppa delle Colline;DaDat=13/06/2026;DatVer=__/__/____;txtMaxPen=300;txtMaxPenNoASI=600;"
+            "txtNumFatNoASI=2,5;txtPenProNonSvo=750;txtPenUniPANoASI=9;cboPrePA=CENTESIMO;cboPrePM=;"
+            "optCOPar=NO;lblPenUniPA=Penalità per Ogni CENTESIMO nelle P.A. : ;"
+            "lblPenUniCO=Penalità per Ogni MINUTO nei C.O. : ");
         QVERIFY(controllo(&finestra, "txtMaxPenNoASI")->isVisible());
         compila(&finestra,
                 "txtNom=Coppa Nuova;cboMaxPen=NO;cboPenProNonSvo=NO;cboFatNoASI=NO;chkOpzASI_NONASI=NO;"
@@ -231,10 +230,14 @@ void tst_ModificaManifestazione::prova() {
 
     riapri(finestra, seconda);
     confronta(&finestra, "cboCon=SI");
+    esegui("UPDATE Prove SET Svo=1");
     compila(&finestra, "txtNom=Collina;cboCon=NO");
     dialoghi().attendiAvviso("Prova Modificata");
     premi(&finestra, "cmdMod");
-    QCOMPARE(contaRighe("Prove", "Nom='Collina' AND ConA=0 AND Tip='PM'"), 1);
+    QCOMPARE(
+        contaRighe("Prove",
+                   "Nom='Collina' AND ConA=0 AND Tip='PM' AND Tem='01:00:00' AND Dat='13/06/2026' AND Svo=1"),
+        1);
     riapri(finestra, seconda);
     compila(&finestra, "txtNom=Altro");
     elimina(&finestra, "Prove", "Eliminare la Prova Collina ?", "Prova Eliminata");

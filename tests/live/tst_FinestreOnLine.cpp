@@ -5,7 +5,6 @@
 #include "live/frmSelezionaRXONLINE.h"
 #include "readings/ElencoEquipaggi.h"
 #include "readings/GrigliaRilevamenti.h"
-#include "supporto/Controlli.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <QCheckBox>

@@ -1,6 +1,5 @@
 #include "BancoOnLine.h"
 #include "live/frmOrologio.h"
-#include "supporto/Controlli.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <QGroupBox>

@@ -3,7 +3,6 @@
 #include "simulatori/SimulatoreTag.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
 #include <random>
 
 // On-line reception without a port or a window: characters in, readings and actions out. And what else of it

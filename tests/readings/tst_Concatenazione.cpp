@@ -1,8 +1,5 @@
-#include "archive/ErroreArchivio.h"
 #include "readings/Concatenazione.h"
 #include "supporto/ProgrammaDiProva.h"
-
-#include <QTest>
 
 namespace {
 

@@ -2,8 +2,6 @@
 #include "scoring/Penalita.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
-
 namespace {
 
 // The result as lines: each crew, then its tests with what was found.

@@ -1,16 +1,12 @@
-#include "archive/ErroreArchivio.h"
 #include "archive/PercorsoApp.h"
 #include "shell/ScaricoVersione.h"
-#include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <QDir>
 #include <QMainWindow>
 #include <QProgressDialog>
-#include <QPushButton>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTimer>
 
 using namespace std::chrono_literals;
 

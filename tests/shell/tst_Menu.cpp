@@ -2,7 +2,6 @@
 #include "supporto/ProgrammaDiProva.h"
 
 #include <QSet>
-#include <QTest>
 
 namespace {
 

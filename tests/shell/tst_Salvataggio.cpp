@@ -1,11 +1,9 @@
-#include "archive/ErroreArchivio.h"
 #include "shell/Salvataggio.h"
 #include "supporto/ProgrammaDiProva.h"
 
 #include <sys/resource.h>
 #include <csignal>
 #include <QDir>
-#include <QTest>
 
 class tst_Salvataggio final : public ProvaConProgramma {
     Q_OBJECT

@@ -1,5 +1,4 @@
 #include "archive/Aggiornamenti.h"
-#include "archive/ErroreArchivio.h"
 #include "common/API.h"
 #include "output/Rapporto.h"
 #include "scoring/frmClassificaDiGruppo.h"
@@ -11,8 +10,6 @@
 #include "shell/Menu.h"
 #include "shell/Salvataggio.h"
 #include "supporto/AnteprimaDiProva.h"
-#include "supporto/Controlli.h"
-#include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <QAction>
@@ -198,12 +195,13 @@ void tst_frmMain::classificaDiGruppo() {
     nuovaProva();
     inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Anteguerra"}, {"Fat", 0.9}});
     const int gruppo =
-        inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Classic"}, {"Fat", 1.25}});
+        inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Vetture è"}, {"Fat", 1.25}});
     nuovoEquipaggio(1, {{"IDGru_FK", gruppo}});
     const auto usa = [&](frmClassificaDiGruppo& finestra) {
         auto* lista = controllo<QTreeWidget>(finestra, "lstRag");
-        confronta(finestra, "lstRag 1 0=Classic;lstRag 1 1=1,25");
-        premi(finestra, "cmdStampa");  // no group chosen yet
+        confronta(finestra, "lstRag 1 0=Vetture è;lstRag 1 1=1,25");
+        lista->setCurrentItem(nullptr);
+        premi(finestra, "cmdStampa");  // no group chosen
         QCOMPARE(titoli(anteprima), QStringList());
         lista->setCurrentItem(lista->topLevelItem(1));
         premi(finestra, "cmdStampa");
@@ -212,10 +210,10 @@ void tst_frmMain::classificaDiGruppo() {
         premi(finestra, "cmdEsci");
     };
     inModale<frmClassificaDiGruppo>([&] { scegli(principale, "mnuClasRaggruppamento"); }, usa);
-    QCOMPARE(titoli(anteprima), QStringList(2, "CLASSIFICA RAGGRUPPAMENTO : CLASSIC"));
+    QCOMPARE(titoli(anteprima), QStringList(2, "CLASSIFICA RAGGRUPPAMENTO : VETTURE È"));
     dialoghi().attendiChiedi("Data Classifica Giornaliera", QString(), "13/06/2026");
     inModale<frmClassificaDiGruppo>([&] { scegli(principale, "mnuClasGioGru"); }, usa);
-    QCOMPARE(titoli(anteprima), QStringList(2, "CLASSIFICA RAGGR. : CLASSIC DEL 13/06/2026"));
+    QCOMPARE(titoli(anteprima), QStringList(2, "CLASSIFICA RAGGR. : VETTURE È DEL 13/06/2026"));
 }
 
 void tst_frmMain::uscita() {

@@ -2,8 +2,6 @@
 #include "starts/frmGestioneOrariDiPartenza.h"
 #include "starts/frmRipartenza.h"
 #include "supporto/BancoRilevamenti.h"
-#include "supporto/ProgrammaDiProva.h"
-#include "supporto/ProvaFinestre.h"
 
 namespace {
 

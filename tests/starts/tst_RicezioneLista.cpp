@@ -3,7 +3,6 @@
 #include "starts/frmGestioneOrariDiPartenza.h"
 #include "starts/frmRipartenza.h"
 #include "supporto/BancoScarico.h"
-#include "supporto/ProvaFinestre.h"
 
 // Start times taken from the chronometer, through the windows that open the reception.
 class tst_RicezioneLista final : public ProvaConProgramma {

@@ -2,7 +2,7 @@
 
 #include "archive/Statement.h"
 #include "readings/ModelloRilevamenti.h"
-#include "supporto/Controlli.h"
+#include "supporto/ProvaFinestre.h"
 
 #include <QTableView>
 

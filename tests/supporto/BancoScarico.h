@@ -3,8 +3,7 @@
 #include "download/ElencoPressostati.h"
 #include "download/frmRicezioneOFFLINE.h"
 #include "simulatori/SimulatoreTag.h"
-#include "supporto/Controlli.h"
-#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -91,7 +91,10 @@ inline QString contenuto(Su finestra, const QString& nome) {
     const auto* quale = controllo<QWidget>(finestra, nome);
     if (const auto* pulsante = qobject_cast<const QAbstractButton*>(quale))
         return pulsante->isChecked() ? "SI" : "NO";
-    return quale->property(quale->inherits("QComboBox") ? "currentText" : "text").toString();
+    const char* proprieta = quale->inherits("QComboBox")   ? "currentText"
+                            : quale->inherits("QLineEdit") ? "displayText"
+                                                           : "text";
+    return quale->property(proprieta).toString();
 }
 
 // "txtNom=Coppa;cboPro=PA;chkRagAuto=SI" as pairs.
@@ -148,8 +151,10 @@ void inModale(const std::function<void()>& apri, const std::function<void(Finest
         if (!finestra || std::exchange(aperta, true))
             return;
         dentro(*finestra);
-        finestra->close();
-        finestra->done(QDialog::Rejected);  // whatever holds it
+        if (finestra->isVisible())
+            finestra->close();
+        if (finestra->isVisible())
+            finestra->done(QDialog::Rejected);  // whatever holds it
     });
     attesa.start(1);
     apri();

@@ -1,7 +1,5 @@
 #include "supporto/ProgrammaDiProva.h"
 
-#include "archive/ErroreArchivio.h"
-
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/ErroreArchivio.h"
 #include "archive/Statement.h"
 #include "common/Impostazioni.h"
 #include "common/Orologio.h"
