@@ -11,7 +11,6 @@ private Q_SLOTS:
     void posizionale();
     void salva();
     void ricerca();
-    void ricercaNellArchivio();
 
 private:
     void prepara() override { nuovaManifestazione(); }
@@ -75,8 +74,6 @@ void tst_Assegnazione::pressostati() {
         {"PM PM", "S1 | A1 | S2 | A2"},
         {"PA PA+ PA+", "S1 | A1,S2 | A2,S3 | A3"},
         {"PA PM+", "S1 | A1,S2 | A2"},
-        {"PM PA+", "S1 | A1,S2 | A2"},
-        {"PA CO+ CO", "S1 | A1 | A2 | A3"},
         {"PA CO PA+", "S1 | A1 | A2,S3 | A3"},
         {"CO PA+ PA+", "A1,S2 | A2,S3 | A3"},
         {"CO PA CO+", "A1 | S2 | A2 | A3"},
@@ -184,28 +181,6 @@ void tst_Assegnazione::ricerca() {
             scartati << QStringLiteral("%1@%2").arg(t.num).arg(t.tempo.mid(6, 2));
         QCOMPARE(scartati.join(' '), QString(attesi));
     }
-}
-
-// Two targets; a crew that is not entered takes the class of each one's kind.
-void tst_Assegnazione::ricercaNellArchivio() {
-    nuovaProva();
-    nuovaProva({{"Tip", "PM"}, {"ConA", 1}});
-    const int uno = nuovoEquipaggio(1);
-    nuovoEquipaggio(4);
-    nuovoEquipaggio(4);  // one number, two crews: nobody's
-    const EsitoRicerca esito =
-        ricercaErrori(leggi("9@10:00:01:00 1@10:00:02:00 1@10:00:03:00 @10:00:04:00 4@10:00:05:00"),
-                      leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1),
-                      false, segnato, [](const QString& tipo) { return tipo == "PM"; });
-    for (int volta = 0; volta < 2; ++volta)  // the second replaces the first
-        scriviRicerca(esito);
-    QCOMPARE(contaRighe("TempRil"), 6);
-    QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TArr='10:00:01-PA'"), 1);
-    QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TPar='10:00:01+PM'"), 1);
-    QCOMPARE(descrivi(leggiErrori()), QStringLiteral("9(0) Equipaggio NON Iscritto; 1(%1) Troppi Tempi; "
-                                                     "4(0) Equipaggio NON Iscritto")
-                                          .arg(uno));
-    QCOMPARE(contaRighe("TempScar"), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_Assegnazione)

@@ -11,7 +11,6 @@ private Q_SLOTS:
     void soloNumero();
     void inserimentoCompleto();
     void riscrittura();
-    void numeri();
     void maschere();
     void copia();
     void uccisoAMeta();
@@ -121,23 +120,6 @@ void tst_Equipaggi::riscrittura() {
     QCOMPARE(valori["Ses"].toString() + valori["SesNav"].toString(), QString("MF"));
     QVERIFY_EXCEPTION_THROWN(aggiornaEquipaggio(id + 1, testi), ErroreArchivio);
     QVERIFY_EXCEPTION_THROWN(leggiEquipaggio(id + 1), ErroreArchivio);
-}
-
-void tst_Equipaggi::numeri() {
-    nuovaManifestazione();
-    nuovoEquipaggio(6);
-    nuovaManifestazione();
-    nuovoEquipaggio(5);
-    using enum EsitoNumero;
-    // What is typed, the number under which the crew is listed, if it is.
-    const std::tuple<const char*, std::optional<int>, EsitoNumero> casi[] = {
-        {"", {}, Mancante},         {"2147483648", {}, TroppoGrande},
-        {"2147483647", {}, Valido}, {"5", {}, Assegnato},
-        {"005", {}, Assegnato},     {"6", {}, Valido},
-        {"5", 5, Valido},           {"05", 5, Valido},
-        {"5", 8, Assegnato},        {"", 8, Mancante}};
-    for (const auto& [numero, attuale, esito] : casi)
-        QVERIFY2(controllaNumero(numero, attuale) == esito, numero);
 }
 
 void tst_Equipaggi::maschere() {

@@ -139,16 +139,15 @@ void tst_ModuloIscrizioni::nonSiLascia() {
     scrivi("txtTes", "T5");
     const struct {
         const char *campo, *valore, *titolo, *testo;
-    } casi[] = {{"txtNum", "20", Impossibile, Assegnato},
+    } casi[] = {{"txtNum", "020", Impossibile, Assegnato},
                 {"txtNum", "", Impossibile, SenzaNumero},
-                {"txtNum", "99999999999", Impossibile, "Numero dell'Equipaggio Troppo Grande"},
+                {"txtNum", "2147483648", Impossibile, "Numero dell'Equipaggio Troppo Grande"},
                 {"txtAnn", "1700", AnnoErrato, "Anno NON Valido. Controllare."},
                 {"txtTes", "T9", "Velmora", nullptr}};  // the archive refuses the write
     for (const auto& caso : casi) {
         const QString prima = testo(caso.campo);
         if (!caso.testo)
-            esegui(
-                "CREATE TRIGGER guasto BEFORE UPDATE ON Equipaggi BEGIN SELECT RAISE(ABORT,'guasto'); END");
+            guasta("UPDATE ON Equipaggi");
         for (const char* uscita : Uscite) {
             box(caso.campo)->setFocus();
             box(caso.campo)->setText(caso.valore);
@@ -276,8 +275,7 @@ void tst_ModuloIscrizioni::eliminazione() {
 
 void tst_ModuloIscrizioni::discoPieno() {
     apri();
-    const int pagine = leggiValore("PRAGMA page_count")->toInt();
-    leggiValore(QString("PRAGMA max_page_count=%1").arg(pagine));
+    riempiDisco();
     scrivi("txtNum", "8");
     scrivi("txtCog", "Neri");
     box("txtNot")->setText(QString(30000, 'x'));

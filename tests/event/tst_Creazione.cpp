@@ -53,7 +53,6 @@ private Q_SLOTS:
     void abilitazioni();
     void rifiuti();
     void gruppi();
-    void squadre();
     void prove();
     void dateEAnniTrattengono();
     void uscita();
@@ -116,8 +115,13 @@ void tst_Creazione::conTutto() {
         premi("cmdAvanti");
         premi("cmdRaggruppamentiASI", 2);
         premi("cmdAvanti");
-        aggiungi("txtNom=Scuderia A");
-        aggiungi("txtNom=Scuderia B");
+        for (const char* squadra : {"txtNom=Scuderia A", "txtNom=Scuderia A", "txtNom=Scuderia"})
+            aggiungi(squadra);
+        doppioClic("lstSqu", 2);
+        compila("txtNom=Scuderia B");
+        premi("cmdMod");
+        doppioClic("lstSqu", 0);
+        premi("cmdEli");
         premi("cmdAvanti");
         aggiungi("cboPro=CO;txtNom=Partenza;txtTem=01:00:00");
         aggiungi("cboPro=PA;txtNom=Piazza;txtTem=00:00:10;cboCon=SI");
@@ -285,19 +289,6 @@ void tst_Creazione::gruppi() {
         premi("cmdAvanti");
         dialoghi().attendiMessaggio("Anni Mancanti", QString());
         aggiungi("txtNom=B;txtFat=1");
-    });
-}
-
-void tst_Creazione::squadre() {
-    inPagina(2, [&] {
-        for (const char* squadra : {"txtNom=Uno", "txtNom=Uno", "txtNom=Due"})
-            aggiungi(squadra);
-        doppioClic("lstSqu", 1);
-        compila("txtNom=Tre");
-        premi("cmdMod");
-        doppioClic("lstSqu", 0);
-        premi("cmdEli");
-        confronta("lstSqu 0 0=Tre;lblNumero=Squadre Inserite : 2");
     });
 }
 

@@ -159,10 +159,11 @@ void tst_ModificaManifestazione::gruppo() {
     const auto gruppoDelloEquipaggio = [] { return leggiValore("SELECT IDGru_FK FROM Equipaggi")->toInt(); };
     frmModificaGruppo finestra;
     mostra(&finestra);
-    compila(&finestra, "txtNom=A;txtFat=1;txtDaAnn=1931;txtAAnn=1945");
+    compila(&finestra, "txtNom=A;txtFat=1,25;txtDaAnn=1931;txtAAnn=1945");
     dialoghi().attendiAvviso("Raggruppamento Aggiunto");
     premi(&finestra, "cmdAgg");
     const int id = gruppoDelloEquipaggio();
+    QCOMPARE(contaRighe("Raggruppamenti", "Nom='A' AND Fat=1.25 AND DAAnn=1931 AND AAnn=1945"), 1);
     riapri(finestra, id);
     compila(&finestra, "txtNom=");
     dialoghi().attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome del Raggruppamento", Icona::Stop);
@@ -172,8 +173,11 @@ void tst_ModificaManifestazione::gruppo() {
     premi(&finestra, "cmdMod");
     QCOMPARE(gruppoDelloEquipaggio(), 0);
     riapri(finestra, id);
+    confronta(&finestra, "txtFat=1,25");
+    esegui("UPDATE Equipaggi SET IDGru_FK=?", {id});
     elimina(&finestra, "Raggruppamenti", "Eliminare il Raggruppamento ?", "Raggruppamento Eliminato");
 
+    QCOMPARE(gruppoDelloEquipaggio(), 0);
     inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan}, {"Nom", "Vecchio"}, {"Fat", 1}});
     riapri(finestra, 0);
     for (const bool si : {false, true}) {

@@ -5,11 +5,10 @@
 #include "live/frmSelezionaRXONLINE.h"
 #include "readings/ElencoEquipaggi.h"
 #include "readings/GrigliaRilevamenti.h"
-#include "supporto/ProvaFinestre.h"
+#include "supporto/BancoRilevamenti.h"
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QTableView>
 
 // The windows of on-line reception, by their controls, with a chronometer and a scoreboard on the line.
 class tst_FinestreOnLine final : public ProvaConProgramma {
@@ -19,7 +18,6 @@ private Q_SLOTS:
     void albero();
     void catenaSulTabellone();
     void rifiuti();
-    void interrotta_data();
     void interrotta();
     void archivioRifiuta();
     void tabelloneStaccato();
@@ -35,7 +33,7 @@ private:
     void chiudi() override;
     // Opens the reception of the current crew with cmdRX and runs `durante` while its window is on show.
     void ricevi(frmRicezioneONLINE& finestra, const std::function<void(frmRXONLINE&)>& durante);
-    [[nodiscard]] QString lettura(int prova) const;
+    [[nodiscard]] QString letture() const { return tempiDi(m_idEqu).join(' '); }
 
     std::unique_ptr<BancoOnLine> m_banco;
     QList<int> m_prove;  // a chain of three, then a test alone
@@ -76,12 +74,6 @@ void tst_FinestreOnLine::ricevi(frmRicezioneONLINE& finestra,
     QVERIFY(!m_banco->linea.attaccato() || QTest::qWaitFor([&] { return !m_banco->linea.aperto(); }));
 }
 
-QString tst_FinestreOnLine::lettura(int prova) const {
-    Statement query("SELECT TPar,TArr FROM Rilevamenti WHERE IDEqu_FK=? AND IDPro_FK=?");
-    query.esegui({m_idEqu, m_prove[prova - 1]});
-    return query.prossima() ? query.testo(0) + '>' + query.testo(1) : "none";
-}
-
 // The tree shows heads and what is chained to them; a chained test stands for its head.
 void tst_FinestreOnLine::albero() {
     nuovaProva({{"Tip", "CO"}});
@@ -120,16 +112,16 @@ void tst_FinestreOnLine::catenaSulTabellone() {
 
         frmRicezioneONLINE finestra(catenaAttiva());
         ricevi(finestra, [&](frmRXONLINE& rx) {
-            confronta(rx, "lblEqu=N. 7 - ROSSI-BIANCHI - LANCIA APRILIA");
-            confronta(rx, "lblTempo=IN PARTENZA...");
-            confronta(rx, "lblCron=00:00:00:00");
+            confronta(
+                rx,
+                "lblEqu=N. 7 - ROSSI-BIANCHI - LANCIA APRILIA;lblTempo=IN PARTENZA...;lblCron=00:00:00:00");
             QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList({"      ", "PAr  7"}));
             QCOMPARE(m_banco->linea.formato(), "9600 8N1");
 
             m_banco->tag.partenza();
             QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
             QCOMPARE(rx.palette().color(QPalette::Window), QColor(0, 192, 0));
-            QCOMPARE(lettura(1), "00:00:00:00>");
+            QCOMPARE(letture(), "00:00:00:00> > > >");
             QTRY_VERIFY(contenuto(rx, "lblCron") > "00:00:00:00");
 
             m_banco->tag.tempo(6234);
@@ -137,8 +129,7 @@ void tst_FinestreOnLine::catenaSulTabellone() {
             confronta(rx, "lblTempo=TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
             QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 128, 0));
             QCOMPARE(controllo<QLabel>(rx, "lblTempo")->font().pointSize(), 28);
-            QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
-            QCOMPARE(lettura(2), "00:01:02:34>");
+            QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > >");
 
             m_banco->tag.tempo(12134);
             QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
@@ -151,9 +142,7 @@ void tst_FinestreOnLine::catenaSulTabellone() {
             QCOMPARE(rx.palette().color(QPalette::Window), QColor(192, 255, 255));
             QTRY_VERIFY(!rx.isVisible());
         });
-        QCOMPARE(lettura(2), "00:01:02:34>00:02:01:34");
-        QCOMPARE(lettura(3), "00:02:01:34>00:03:01:35");
-        QCOMPARE(lettura(4), ">");
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34>00:02:01:34 00:02:01:34>00:03:01:35 >");
         QTRY_COMPARE(m_banco->tabellone.mostrati(),
                      QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
         QCOMPARE(m_banco->tabellone.frameErrati(), 0);
@@ -186,67 +175,54 @@ void tst_FinestreOnLine::rifiuti() {
         QTRY_VERIFY(!rx.isVisible());
     });
     QTRY_COMPARE(m_banco->tabellone.mostra(), SimulatoreTabellone::comeAppare("ERRORE"));
-    QCOMPARE(lettura(1), "00:00:00:00>");
-}
-
-void tst_FinestreOnLine::interrotta_data() {
-    QTest::addColumn<int>("tempi");  // -1: before the start
-    QTest::addColumn<QString>("come");
-    for (const int tempi : {-1, 0, 1}) {
-        for (const char* come : {"stop", "close", "unplug"})
-            QTest::addRow("%s, times %d", come, tempi) << tempi << come;
-    }
-    QTest::newRow("wrong datum") << 1 << "wrong";
+    QCOMPARE(letture(), "00:00:00:00> > > >");
 }
 
 // In the middle of a frame the run ends: what was timed before is kept.
 void tst_FinestreOnLine::interrotta() {
-    QFETCH(int, tempi);
-    QFETCH(QString, come);
-    frmRicezioneONLINE finestra(catenaAttiva());
-    ricevi(finestra, [&](frmRXONLINE& rx) {
-        if (tempi >= 0)
+    for (const QString come : {"stop", "close", "unplug", "wrong"}) {
+        ricomincia();
+        frmRicezioneONLINE finestra(catenaAttiva());
+        ricevi(finestra, [&](frmRXONLINE& rx) {
             m_banco->tag.partenza();
-        if (tempi > 0)
             m_banco->tag.tempo(6234);
-        QTRY_COMPARE(lettura(1), QStringList({">", "00:00:00:00>", "00:00:00:00>00:01:02:34"})[tempi + 1]);
-        if (come == "wrong") {
-            dialoghi().attendiMessaggio("ATTENZIONE!",
-                                        "E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
-                                        "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520.",
-                                        Icona::Stop);
-            m_banco->tag.tempo(32768);
+            QTRY_COMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > >");
+            if (come == "wrong") {
+                dialoghi().attendiMessaggio(
+                    "ATTENZIONE!",
+                    "E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
+                    "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520.",
+                    Icona::Stop);
+                m_banco->tag.tempo(32768);
+            } else {
+                m_banco->tag.invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
+            }
+            if (come == "stop") {
+                premi(rx, "cmdArrestaRicezione");
+            } else if (come == "close") {
+                rx.close();
+            } else if (come == "unplug") {
+                dialoghi().attendiMessaggio("Errore", QString());
+                m_banco->linea.stacca();
+            }
             QTRY_VERIFY(!rx.isVisible());
-            return;
-        }
-        m_banco->tag.invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
-        if (come == "stop") {
-            premi(rx, "cmdArrestaRicezione");
-        } else if (come == "close") {
-            rx.close();
-        } else {
+            confronta(rx, "lblCron=00:00:00:00");
+        });
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > >");
+        if (come == "unplug") {
+            QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
+            // Still out: the window says so and stays usable; put back, it receives.
             dialoghi().attendiMessaggio("Errore", QString());
-            m_banco->linea.stacca();
+            premi(finestra, "cmdRX");
+            m_banco->linea.attacca();
         }
-        QTRY_VERIFY(!rx.isVisible());
-        confronta(rx, "lblCron=00:00:00:00");
-    });
-    QCOMPARE(lettura(1), QStringList({">", "00:00:00:00>", "00:00:00:00>00:01:02:34"})[tempi + 1]);
-    QCOMPARE(lettura(2), tempi > 0 ? "00:01:02:34>" : ">");
-    if (come == "unplug") {
-        QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
-        // Still out: the window says so and stays usable; put back, it receives.
-        dialoghi().attendiMessaggio("Errore", QString());
-        premi(finestra, "cmdRX");
-        QVERIFY(dialoghi().finite());
-        m_banco->linea.attacca();
+        // The next run starts clean: the half frame is gone.
+        ricevi(finestra, [&](frmRXONLINE& rx) {
+            m_banco->tag.partenza();
+            QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
+            premi(rx, "cmdArrestaRicezione");
+        });
     }
-    // The next run starts clean: the half frame is gone.
-    ricevi(finestra, [&](frmRXONLINE& rx) {
-        m_banco->tag.partenza();
-        QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
-        premi(rx, "cmdArrestaRicezione");
-    });
 }
 
 // The arrival and the next start are written together or not at all, and the operator gets the time to write
@@ -267,8 +243,7 @@ void tst_FinestreOnLine::archivioRifiuta() {
                          "salvato."),
         qPrintable(testo));
     QVERIFY(testo.contains("disco guasto"));
-    QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
-    QCOMPARE(lettura(2), "00:01:02:34>");
+    QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > >");
 }
 
 // The times go on without the scoreboard, and the window says what is wrong with it.
@@ -286,7 +261,7 @@ void tst_FinestreOnLine::tabelloneStaccato() {
         m_banco->lineaTabellone.attacca();
         m_banco->tag.tempo(6234);
         QTRY_VERIFY(!avviso->isVisible());
-        QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > >");
         premi(rx, "cmdArrestaRicezione");
     });
     QTRY_COMPARE(m_banco->tabellone.mostra(), "  62.34");
@@ -331,7 +306,7 @@ void tst_FinestreOnLine::numero() {
     elenco->setCurrentItem(elenco->topLevelItem(0));
     elenco->setCurrentItem(elenco->topLevelItem(1));
     stato("12", true, 12);
-    QCOMPARE(contenuto(finestra, "lblEqu"), "N. 12 - VERDI-NERI - LANCIA APRILIA");
+    confronta(finestra, "lblEqu=N. 12 - VERDI-NERI - LANCIA APRILIA");
 }
 
 void tst_FinestreOnLine::sceltaTabellone() {
@@ -364,9 +339,9 @@ void tst_FinestreOnLine::sceltaTabellone() {
     spunta->click();
     QVERIFY(dialoghi().finite());
     QVERIFY(spunta->isChecked());
-    QCOMPARE(contenuto(finestra, "lblComTabellone"), "(COM 5)");
+    confronta(finestra, "lblComTabellone=(COM 5)");
     spunta->click();
-    QCOMPARE(contenuto(finestra, "lblComTabellone"), "");
+    confronta(finestra, "lblComTabellone=");
 }
 
 void tst_FinestreOnLine::impostazioni() {
@@ -392,14 +367,11 @@ void tst_FinestreOnLine::impostazioni() {
 void tst_FinestreOnLine::correzioni() {
     frmRicezioneONLINE finestra(catenaAttiva());
     mostra(finestra);
-    auto* griglia = controllo<QTableView>(finestra, "grT");
-    griglia->setFocus();
-    griglia->setCurrentIndex(griglia->model()->index(0, ModelloRilevamenti::TempoPassaggio));
+    vai(finestra, 0, Colonna::TempoPassaggio);
     digita("010234");
     // Left open: the window stores it before it goes on.
     finestra.close();
-    QCOMPARE(lettura(1), ">00:01:02:34");
-    QCOMPARE(lettura(2), "00:01:02:34>");
+    QCOMPARE(letture(), ">00:01:02:34 00:01:02:34> > >");
 }
 
 void tst_FinestreOnLine::classifica() {

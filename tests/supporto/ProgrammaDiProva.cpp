@@ -86,28 +86,26 @@ void riempiDisco(int libere) {
 }
 
 int nuovaManifestazione(const QVariantMap& valori) {
-    const QVariantMap predefiniti{
-        {"Nom", "Coppa delle Colline"},
-        {"Loc", "Asti"},
-        {"Clu", "Club Auto d'Epoca"},
-        {"DaDat", "13/06/2026"},
-        {"ADat", "14/06/2026"},
-        {"DatVer", "12/06/2026"},
-        {"FatAnn", 0},
-        {"AutoEsc", 0},
-        {"RagAuto", 0},
-        {"PrePA", "CEN"},
-        {"PrePM", "SEC"},
-        {"PreCO", "MIN"},
-        {"PenUniPA", 1},
-        {"PenUniPM", 2},
-        {"PenUniCO", 60},
-        {"PenMaxAtt", 0},
-        {"ASIeNONASI", 0},
-        {"FatNoASI", 0},
-        {"TipoCO", "CON"},
-        {"PenProNonSvo", 0},
-    };
+    const QVariantMap predefiniti{{"Nom", "Coppa delle Colline"},
+                                  {"Loc", "Asti"},
+                                  {"Clu", "Club Auto d'Epoca"},
+                                  {"DaDat", "13/06/2026"},
+                                  {"ADat", "14/06/2026"},
+                                  {"DatVer", "12/06/2026"},
+                                  {"FatAnn", 0},
+                                  {"AutoEsc", 0},
+                                  {"RagAuto", 0},
+                                  {"PrePA", "CEN"},
+                                  {"PrePM", "SEC"},
+                                  {"PreCO", "MIN"},
+                                  {"PenUniPA", 1},
+                                  {"PenUniPM", 2},
+                                  {"PenUniCO", 60},
+                                  {"PenMaxAtt", 0},
+                                  {"ASIeNONASI", 0},
+                                  {"FatNoASI", 0},
+                                  {"TipoCO", "CON"},
+                                  {"PenProNonSvo", 0}};
     const int id = inserisciRiga(QStringLiteral("Manifestazioni"), con(predefiniti, valori));
     ImpostaManifestazioneAttiva(id);
     return id;
