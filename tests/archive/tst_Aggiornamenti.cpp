@@ -36,16 +36,10 @@ QList<int> passiDa(int primo) {
 
 // What the archive is made of, whatever the order of the columns: each column with its type, each index.
 QStringList struttura() {
-    QStringList righe;
-    Statement lettura(
-        "SELECT m.name||' '||c.name||' '||c.type||' '||c.pk FROM sqlite_master m,pragma_table_info(m.name) c "
-        "WHERE m.type='table' AND m.name NOT LIKE 'sqlite%' "
-        "UNION ALL SELECT sql FROM sqlite_master WHERE type='index'");
-    lettura.esegui();
-    while (lettura.prossima())
-        righe << lettura.testo(0);
-    righe.sort();
-    return righe;
+    return leggiColonna(
+        "SELECT m.name||' '||c.name||' '||c.type||' '||c.pk AS riga FROM sqlite_master m,"
+        "pragma_table_info(m.name) c WHERE m.type='table' AND m.name NOT LIKE 'sqlite%' "
+        "UNION ALL SELECT sql FROM sqlite_master WHERE type='index' ORDER BY riga");
 }
 
 }  // namespace
@@ -81,16 +75,11 @@ void tst_Aggiornamenti::righeVecchie() {
         inserisciRiga("Schede", {{"Num", 12}, {"PenAgg", penAgg}, {"TSca", "+3"}});
     AggiornaArchivio();
 
-    const std::pair<const char*, const char*> vecchi[] = {
-        {"Manifestazioni", "Nom='Coppa d''Autunno' AND PenMax=300"},
-        {"Equipaggi", "Num=12 AND Cog='Nicolò'"},
-        {"Rilevamenti", "TPar='10:00:00:00'"},
-        {"TempRil", "TArr='10:05:12:33'"},
-        {"Schede", "TSca='+3' AND typeof(PenAgg)='real' AND PenAgg=30"},
-        {"Schede", "TSca='+3' AND PenAgg IS NULL"},
-        {"Schede", "TSca='+3' AND typeof(PenAgg)='real' AND PenAgg=0"}};
-    for (const auto& [tabella, dove] : vecchi)
-        QCOMPARE(contaRighe(tabella, dove), 1);
+    QCOMPARE(leggiColonna("SELECT Nom||PenMax FROM Manifestazioni UNION ALL SELECT Num||Cog FROM Equipaggi "
+                          "UNION ALL SELECT TPar FROM Rilevamenti UNION ALL SELECT TArr FROM TempRil "
+                          "UNION ALL SELECT TSca||typeof(PenAgg)||ifnull(PenAgg,'') FROM Schede"),
+             QStringList({"Coppa d'Autunno300", "12Nicolò", "10:00:00:00", "10:05:12:33", "+3real30.0",
+                          "+3null", "+3real0.0"}));
     for (const Tabella& tabella : tabelle()) {
         for (const Colonna& colonna : tabella.colonne) {
             if (colonna.passo != 0 && colonna.passo != UltimoPasso)

@@ -171,8 +171,6 @@ void tst_ErroriOffLine::correzione() {
     scrivi(finestra, 0, Colonna::TempoStart, "10000019");
     scrivi(finestra, 0, Colonna::TempoPassaggio, "10010555");
     QCOMPARE(tempiDi(m_uno), QStringList({"10:00:00:10>10:01:05:50", controllo, "10:01:05:50>"}));
-    scrivi(finestra, 2, Colonna::TempoStart, "10020000");
-    QCOMPARE(tempiDi(m_uno), QStringList({"10:00:00:10>10:02:00:00", controllo, "10:02:00:00>"}));
     vai(finestra, 0, Colonna::TempoPassaggio);
     dialoghi().attendiDomanda("Conferma Cancellazione", "Cancellare il Tempo Selezionato ?", true);
     tasto(Qt::Key_Delete);

@@ -27,10 +27,9 @@ QList<int> salva(const QString& testo) {
 // What each test is chained to, by position from 1; 0 for none.
 QString catena(const QList<int>& chiavi) {
     QStringList posizioni;
-    Statement lettura("SELECT ConA FROM Prove WHERE IDMan_FK=? ORDER BY IDPro");
-    lettura.esegui({IDMan});
-    while (lettura.prossima())
-        posizioni << QString::number(chiavi.indexOf(lettura.intero(0)) + 1);
+    for (const QString& conA :
+         leggiColonna("SELECT ConA FROM Prove WHERE IDMan_FK=? ORDER BY IDPro", {IDMan}))
+        posizioni << QString::number(chiavi.indexOf(conA.toInt()) + 1);
     return posizioni.join(' ');
 }
 

@@ -111,12 +111,9 @@ ParametriOnLine tst_RicezioneOnLine::corsaDi(int prove, Dispositivo dispositivo)
 }
 
 QString tst_RicezioneOnLine::letture() const {
-    QStringList righe;
-    Statement query("SELECT TPar,TArr FROM Rilevamenti WHERE IDEqu_FK=? ORDER BY IDPro_FK");
-    query.esegui({m_idEqu});
-    while (query.prossima())
-        righe << query.testo(0) + '>' + query.testo(1);
-    return righe.join(' ');
+    return leggiColonna("SELECT TPar||'>'||TArr FROM Rilevamenti WHERE IDEqu_FK=? ORDER BY IDPro_FK",
+                        {m_idEqu})
+        .join(' ');
 }
 
 void tst_RicezioneOnLine::corsa() {

@@ -62,11 +62,11 @@ void tst_RapportiDefiniti::classifica() {
          {1, 12, "D'ANGELO NICOLÒ", "LANCIA Aprilia", 1938, 160.5275, 79, 50, 1.38});
     riga("Classifica", "Pos,Num,Con,Pen,Gru", {2, 7, "ROSSI", 200.0, 4});
     const Rapporto r = componi("Classifica", "CLASSIFICA ASI", "Esclusi : N. 8 Ritirato");
-    QCOMPARE(r.titoloFinestra, QStringLiteral("CLASSIFICA ASI"));
-    QCOMPARE(r.etichetta("lblTipoClas"), QStringLiteral("CLASSIFICA ASI"));
-    QCOMPARE(r.etichetta("lblTitolo"), QStringLiteral("Coppa delle Colline"));
-    QCOMPARE(r.etichetta("lblData"), QStringLiteral("13/06/2026 14/06/2026"));
-    QCOMPARE(r.etichetta("lblEsc"), QStringLiteral("Esclusi : N. 8 Ritirato"));
+    QStringList testi{r.titoloFinestra};
+    for (const char* nome : {"lblTipoClas", "lblTitolo", "lblData", "lblEsc"})
+        testi << r.etichetta(nome);
+    QCOMPARE(testi, QStringList({"CLASSIFICA ASI", "CLASSIFICA ASI", "Coppa delle Colline",
+                                 "13/06/2026 14/06/2026", "Esclusi : N. 8 Ritirato"}));
     QCOMPARE(r.righe(),
              Righe({{"1", "12", "160,5275", "D'ANGELO NICOLÒ", "LANCIA Aprilia", "1938", "79", "50", "1,38"},
                     {"2", "7", "200", "ROSSI", "", "", "", "", ""},

@@ -140,6 +140,15 @@ void scriviRilevamento(int idEqu, int idPro, const QString& tPar, const QString&
     }
 }
 
+QStringList leggiColonna(const QString& sql, const QVariantList& valori) {
+    QStringList colonna;
+    Statement lettura(sql);
+    lettura.esegui(valori);
+    while (lettura.prossima())
+        colonna << lettura.testo(0);
+    return colonna;
+}
+
 int contaRighe(const QString& tabella, const QString& dove) {
     const QString filtro = dove.isEmpty() ? QString() : QStringLiteral(" WHERE ") + dove;
     return leggiValore(QStringLiteral("SELECT count(*) FROM %1%2").arg(tabella, filtro))->toInt();

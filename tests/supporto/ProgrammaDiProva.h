@@ -88,4 +88,6 @@ int nuovaProva(const QVariantMap& valori = {});           // of the active event
 int nuovoEquipaggio(int num, const QVariantMap& valori = {});
 void scriviRilevamento(int idEqu, int idPro, const QString& tPar, const QString& tArr,
                        const QVariant& penAgg = {});
+// The first column of a query.
+QStringList leggiColonna(const QString& sql, const QVariantList& valori = {});
 int contaRighe(const QString& tabella, const QString& dove = {});
