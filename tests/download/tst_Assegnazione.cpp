@@ -181,6 +181,11 @@ void tst_Assegnazione::ricerca() {
             scartati << QStringLiteral("%1@%2").arg(t.num).arg(t.tempo.mid(6, 2));
         QCOMPARE(scartati.join(' '), QString(attesi));
     }
+    // One number, two crews: nobody's.
+    const EsitoRicerca gemelli =
+        ricercaErrori(leggi("4@10:00:01:00 4@10:00:02:00"), {{103, 4}, {104, 4}}, pressostatiDi("PA"), false,
+                      segnato, [](const QString&) { return false; });
+    QCOMPARE(descrivi(gemelli.errori), "4(0) Equipaggio NON Iscritto");
 }
 
 QTEST_GUILESS_MAIN(tst_Assegnazione)

@@ -42,6 +42,8 @@ void tst_ModuloIscrizioni::eventoVuoto() {
 }
 
 void tst_ModuloIscrizioni::salvataggio() {
+    const int altra = inserisciRiga("Manifestazioni", {{"Nom", "Altra"}});
+    inserisciRiga("Equipaggi", {{"IDMan_FK", altra}, {"Num", 7}});  // where the number is taken
     apriConEquipaggi();
     clic("cmdNuovo");
     QVERIFY(inserimento());
