@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QShortcut>
+#include <QShowEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +25,13 @@ void FinestraRilevamenti::collega(ElencoEquipaggi* elenco, GrigliaRilevamenti* g
     connect(griglia, &GrigliaRilevamenti::equipaggioRichiesto, this, &FinestraRilevamenti::cambiaEquipaggio);
     elenco->viewport()->installEventFilter(this);
     elenco->carica();
-    griglia->prendiFuoco();
+}
+
+void FinestraRilevamenti::showEvent(QShowEvent* evento) {
+    Finestra::showEvent(evento);
+    // Not before: a grid that is hidden inside splitters does not become the window's focus.
+    if (!evento->spontaneous())
+        m_griglia->prendiFuoco();
 }
 
 void FinestraRilevamenti::mostraEquipaggio() {

@@ -24,6 +24,7 @@ protected:
     void collega(ElencoEquipaggi* elenco, GrigliaRilevamenti* griglia, QLabel* etichetta);
 
     bool puoChiudere() override;
+    void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:

@@ -1,19 +1,18 @@
 #include "archive/Aggiornamenti.h"
-#include "archive/ErroreArchivio.h"
 #include "archive/Schema.h"
 #include "supporto/ProgrammaDiProva.h"
 
 #include <numeric>
-#include <QFile>
-#include <QTest>
 
-class tst_Aggiornamenti final : public QObject {
+class tst_Aggiornamenti final : public ProvaConProgramma {
     Q_OBJECT
+
+public:
+    tst_Aggiornamenti() : ProvaConProgramma(Archivio::Nessuno) {}
 
 private Q_SLOTS:
     void daOgniEta();
     void righeVecchie();
-    void nomeEsatto();
     void schedeDiAltriTipi();
     void discoPieno();
     void passoImpedito();
@@ -23,11 +22,6 @@ private Q_SLOTS:
 namespace {
 
 constexpr int UltimoPasso = 14;
-
-QByteArray contenuto() {
-    QFile file(percorsoArchivio());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 void apriArchivioPrimaDelPasso(int passo) {
     creaArchivio(percorsoArchivio(), passo);
@@ -42,37 +36,19 @@ QList<int> passiDa(int primo) {
 
 // What the archive is made of, whatever the order of the columns: each column with its type, each index.
 QStringList struttura() {
-    QStringList righe;
-    Statement lettura(
-        "SELECT m.name||' '||c.name||' '||c.type||' '||c.pk FROM sqlite_master m,pragma_table_info(m.name) c "
-        "WHERE m.type='table' AND m.name NOT LIKE 'sqlite%' "
-        "UNION ALL SELECT sql FROM sqlite_master WHERE type='index'");
-    lettura.esegui();
-    while (lettura.prossima())
-        righe << lettura.testo(0);
-    righe.sort();
-    return righe;
-}
-
-// What the update failed of; empty when it did not.
-QString erroreDellAggiornamento() {
-    try {
-        AggiornaArchivio();
-        return {};
-    } catch (const ErroreArchivio& errore) {
-        return errore.testo();
-    }
+    return leggiColonna(
+        "SELECT m.name||' '||c.name||' '||c.type||' '||c.pk AS riga FROM sqlite_master m,"
+        "pragma_table_info(m.name) c WHERE m.type='table' AND m.name NOT LIKE 'sqlite%' "
+        "UNION ALL SELECT sql FROM sqlite_master WHERE type='index' ORDER BY riga");
 }
 
 }  // namespace
 
 void tst_Aggiornamenti::daOgniEta() {
-    const QStringList attesa = [] {
-        const ProgrammaDiProva nuovo;
-        return struttura();
-    }();
+    apriArchivioPrimaDelPasso(UltimoPasso + 1);
+    const QStringList attesa = struttura();
     for (int passo = 1; passo <= UltimoPasso; ++passo) {
-        const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+        ricomincia();
         apriArchivioPrimaDelPasso(passo);
         QCOMPARE(AggiornaArchivio(), passiDa(passo));
         QCOMPARE(struttura(), attesa);
@@ -82,14 +58,13 @@ void tst_Aggiornamenti::daOgniEta() {
             Statement(QString("SELECT [%1] FROM %2").arg(tabella.colonne.back().nome, tabella.nome),
                       ConnShape())
                 .esegui();
-        const QByteArray prima = contenuto();
+        const QByteArray prima = leggiFile(percorsoArchivio());
         QCOMPARE(AggiornaArchivio(), QList<int>());
-        QCOMPARE(contenuto(), prima);
+        QCOMPARE(leggiFile(percorsoArchivio()), prima);
     }
 }
 
 void tst_Aggiornamenti::righeVecchie() {
-    const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
     apriArchivioPrimaDelPasso(1);
     const int man = inserisciRiga("Manifestazioni", {{"Nom", "Coppa d'Autunno"}, {"PenMax", 300}});
     const int pro = inserisciRiga("Prove", {{"IDMan_FK", man}, {"Nom", "Passo"}});
@@ -100,16 +75,11 @@ void tst_Aggiornamenti::righeVecchie() {
         inserisciRiga("Schede", {{"Num", 12}, {"PenAgg", penAgg}, {"TSca", "+3"}});
     AggiornaArchivio();
 
-    const std::pair<const char*, const char*> vecchi[] = {
-        {"Manifestazioni", "Nom='Coppa d''Autunno' AND PenMax=300"},
-        {"Equipaggi", "Num=12 AND Cog='Nicolò'"},
-        {"Rilevamenti", "TPar='10:00:00:00'"},
-        {"TempRil", "TArr='10:05:12:33'"},
-        {"Schede", "TSca='+3' AND typeof(PenAgg)='real' AND PenAgg=30"},
-        {"Schede", "TSca='+3' AND PenAgg IS NULL"},
-        {"Schede", "TSca='+3' AND typeof(PenAgg)='real' AND PenAgg=0"}};
-    for (const auto& [tabella, dove] : vecchi)
-        QCOMPARE(contaRighe(tabella, dove), 1);
+    QCOMPARE(leggiColonna("SELECT Nom||PenMax FROM Manifestazioni UNION ALL SELECT Num||Cog FROM Equipaggi "
+                          "UNION ALL SELECT TPar FROM Rilevamenti UNION ALL SELECT TArr FROM TempRil "
+                          "UNION ALL SELECT TSca||typeof(PenAgg)||ifnull(PenAgg,'') FROM Schede"),
+             QStringList({"Coppa d'Autunno300", "12Nicolò", "10:00:00:00", "10:05:12:33", "+3real30.0",
+                          "+3null", "+3real0.0"}));
     for (const Tabella& tabella : tabelle()) {
         for (const Colonna& colonna : tabella.colonne) {
             if (colonna.passo != 0 && colonna.passo != UltimoPasso)
@@ -123,18 +93,7 @@ void tst_Aggiornamenti::righeVecchie() {
     QCOMPARE(contaRighe("Rilevamenti"), 0);
 }
 
-void tst_Aggiornamenti::nomeEsatto() {
-    // Names are compared letter by letter, the engine's are not: the step runs, fails, and stops the start.
-    const ProgrammaDiProva programma;
-    esegui("ALTER TABLE Classifica RENAME COLUMN Coeff TO coeff");
-    const QStringList prima = struttura();
-    const QString testo = erroreDellAggiornamento();
-    QVERIFY2(testo.contains("passo 12") && testo.contains("duplicate column name"), qPrintable(testo));
-    QCOMPARE(struttura(), prima);
-}
-
 void tst_Aggiornamenti::schedeDiAltriTipi() {
-    const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
     apriArchivioPrimaDelPasso(UltimoPasso);
     for (const char* tipo : {"INTEGER", "TEXT", "DOUBLE", ""}) {
         esegui("DROP TABLE Schede");
@@ -151,13 +110,12 @@ void tst_Aggiornamenti::discoPieno() {
     // it.
     int falliti = 0;
     for (int libere = 0;; ++libere) {
-        const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+        ricomincia();
         apriArchivioPrimaDelPasso(1);
         inserisciRiga("TempRil", {{"TArr", "10:05:12:33"}});
+        riempiDisco(libere);
         const QStringList prima = struttura();
-        const int pagine = leggiValore("PRAGMA page_count")->toInt() + libere;
-        leggiValore(QString("PRAGMA max_page_count=%1").arg(pagine));
-        const QString testo = erroreDellAggiornamento();
+        const QString testo = erroreDi(&AggiornaArchivio);
         if (testo.isEmpty())
             break;
         QVERIFY2(testo.contains("disco è pieno"), qPrintable(testo));
@@ -172,37 +130,34 @@ void tst_Aggiornamenti::discoPieno() {
 }
 
 void tst_Aggiornamenti::passoImpedito() {
-    // Each of these makes the last statement of its step fail, and undoes the steps before it too.
-    const std::pair<int, const char*> casi[] = {
-        {1, "CREATE TABLE TempRil_Numero (a)"},
-        {2, "ALTER TABLE ClassificaProva ADD COLUMN Nom15"},
-        {3, "ALTER TABLE Manifestazioni ADD COLUMN NumFatNoASI"},
-        {4, "CREATE TABLE ErroriSca_IDEquipaggio (a)"},
-        {5, "CREATE TABLE TempScar_Numero (a)"},
-        {6, "CREATE TABLE ProspCoeff_IDEquipaggio (a)"},
-        {8, "ALTER TABLE Raggruppamenti ADD COLUMN AAnn"},
-        {9, "ALTER TABLE Manifestazioni ADD COLUMN NumPenProNonSvo"},
-        {14, "CREATE TRIGGER fermo BEFORE UPDATE ON Schede BEGIN SELECT RAISE(ABORT,'fermo'); END"}};
-    for (const auto& [passo, intralcio] : casi) {
-        const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
-        apriArchivioPrimaDelPasso(1);
+    // Each of these makes the last statement of its step fail, and undoes the steps before it too: a table in
+    // the place of an index, a column, a change of type. Names are compared letter by letter, the engine's
+    // are not: then the step runs, fails, and stops the start.
+    const std::tuple<int, int, const char*> casi[] = {
+        {1, 1, "CREATE TABLE TempRil_Numero (a)"},
+        {1, 9, "ALTER TABLE Manifestazioni ADD COLUMN NumPenProNonSvo"},
+        {1, 14, "CREATE TRIGGER fermo BEFORE UPDATE ON Schede BEGIN SELECT RAISE(ABORT,'fermo'); END"},
+        {15, 12, "ALTER TABLE Classifica RENAME COLUMN Coeff TO coeff"}};
+    for (const auto& [eta, passo, intralcio] : casi) {
+        ricomincia();
+        apriArchivioPrimaDelPasso(eta);
         inserisciRiga("Schede", {{"Num", 3}, {"PenAgg", 20}});
         esegui(intralcio);
         const QStringList prima = struttura();
-        QVERIFY2(erroreDellAggiornamento().contains(QString("passo %1,").arg(passo)), intralcio);
+        const QString testo = erroreDi(&AggiornaArchivio);
+        QVERIFY2(testo.contains(QString("passo %1,").arg(passo)), intralcio);
         QCOMPARE(struttura(), prima);
-        QCOMPARE(contaRighe("Schede", "Num=3 AND typeof(PenAgg)='integer' AND PenAgg=20"), 1);
+        QCOMPARE(contaRighe("Schede", "Num=3 AND PenAgg=20"), 1);
     }
 }
 
 void tst_Aggiornamenti::archivioOccupato() {
-    const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
     apriArchivioPrimaDelPasso(1);
     const QStringList prima = struttura();
     leggiValore("PRAGMA busy_timeout=1");
     {
         const Transazione altrui(ConnShape());
-        QVERIFY(erroreDellAggiornamento().contains("in uso"));
+        QVERIFY(erroreDi(&AggiornaArchivio).contains("L'archivio è in uso"));
     }
     QCOMPARE(struttura(), prima);
     QCOMPARE(AggiornaArchivio(), passiDa(1));

@@ -1,4 +1,3 @@
-#include "archive/ErroreArchivio.h"
 #include "archive/Testi.h"
 #include "supporto/ProgrammaDiProva.h"
 
@@ -6,48 +5,21 @@
 #include <QDir>
 #include <QFile>
 #include <QtEndian>
-#include <QTest>
 
-class tst_Archivio final : public QObject {
+class tst_Archivio final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cascate();
     void maiusculeEValori();
     void ristretto();
     void rifiutati();
     void cartellaNonScrivibile();
     void spartito();
-    void discoPieno();
-    void occupato();
     void testi();
-    void giornale_data();
     void giornale();
 };
 
 namespace {
-
-QByteArray contenuto(const QString& percorso) {
-    QFile file(percorso);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void scrivi(const QString& percorso, const QByteArray& dati) {
-    QFile file(percorso);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(dati), dati.size());
-}
-
-// The text of the failure; empty when there was none.
-template <typename Azione>
-QString errore(Azione azione) {
-    try {
-        azione();
-        return {};
-    } catch (const ErroreArchivio& fallimento) {
-        return fallimento.testo();
-    }
-}
 
 // Runs with the rights of an ordinary user where the test itself runs as root.
 template <typename Azione>
@@ -60,40 +32,7 @@ void comeUtenteComune(Azione azione) {
 
 }  // namespace
 
-void tst_Archivio::cascate() {
-    ProgrammaDiProva programma;
-    const auto conta = [] {
-        QList<int> righe;
-        for (const char* tabella : {"Manifestazioni", "Prove", "Equipaggi", "Rilevamenti", "Raggruppamenti",
-                                    "Squadre", "Prezzi", "Incassi"})
-            righe << contaRighe(tabella);
-        return righe;
-    };
-    const auto popola = [] {
-        const int man = nuovaManifestazione();
-        nuovaProva();
-        nuovaProva();
-        int pre = 0;
-        for (const char* tabella : {"Raggruppamenti", "Squadre", "Prezzi"})
-            pre = inserisciRiga(tabella, {{"IDMan_FK", man}});
-        const int equ = nuovoEquipaggio(1);
-        nuovoEquipaggio(2);
-        inserisciRiga("Incassi", {{"IDEqu_FK", equ}, {"IDPre_FK", pre}, {"Qta", 1}});
-        return man;
-    };
-    const int prima = popola();
-    popola();
-    QCOMPARE(conta(), (QList<int>{2, 4, 4, 8, 2, 2, 2, 2}));
-    esegui("DELETE FROM Manifestazioni WHERE IDMan=?", {prima});
-    QCOMPARE(conta(), (QList<int>{1, 2, 2, 4, 1, 1, 1, 1}));
-    esegui("DELETE FROM Prove WHERE IDPro=(SELECT min(IDPro) FROM Prove)");
-    QCOMPARE(conta(), (QList<int>{1, 1, 2, 2, 1, 1, 1, 1}));
-    esegui("DELETE FROM Equipaggi WHERE Num=1");
-    QCOMPARE(conta(), (QList<int>{1, 1, 1, 1, 1, 1, 1, 0}));
-}
-
 void tst_Archivio::maiusculeEValori() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovoEquipaggio(7, {{"Cog", "D'Angelò"}, {"Omo", QVariant()}, {"Not", ""}, {"Cil", 1298}});
     Statement lettura("SELECT * FROM Equipaggi WHERE cog='d''angelò'");
@@ -103,14 +42,13 @@ void tst_Archivio::maiusculeEValori() {
     QVERIFY(!lettura.nullo(lettura.colonna("Not")));
     QCOMPARE(lettura.testo("Cil"), QStringLiteral("1298"));
     QVERIFY_EXCEPTION_THROWN((void)lettura.colonna("Manca"), ErroreArchivio);
-    const QString orfana = errore([] { inserisciRiga("Prove", {{"IDMan_FK", 999}}); });
+    const QString orfana = erroreDi([] { inserisciRiga("Prove", {{"IDMan_FK", 999}}); });
     QVERIFY2(orfana.contains("non accetta questi dati") && orfana.contains("(FOREIGN KEY constraint failed)"),
              qPrintable(orfana));
 }
 
 void tst_Archivio::ristretto() {
     // Byte copies are valid archives, so nothing of a closed archive may stand beside the file.
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     ChiudiDataBase();
     const QString copia = percorsoNelProgramma("copia.mdb");
@@ -123,15 +61,11 @@ void tst_Archivio::ristretto() {
 }
 
 void tst_Archivio::rifiutati() {
-    QByteArray buono;
-    {
-        const ProgrammaDiProva programma;
-        nuovaManifestazione();
-        for (int i = 0; i < 200; ++i)
-            nuovoEquipaggio(i);
-        ChiudiDataBase();
-        buono = contenuto(percorsoArchivio());
-    }
+    nuovaManifestazione();
+    for (int i = 0; i < 200; ++i)
+        nuovoEquipaggio(i);
+    ChiudiDataBase();
+    const QByteArray buono = leggiFile(percorsoArchivio());
     QByteArray guasto = buono;
     for (qsizetype i = 4096; i < guasto.size(); i += 3)
         guasto[i] = 'x';
@@ -144,21 +78,21 @@ void tst_Archivio::rifiutati() {
         {buono.left(100), "disk image is malformed"},
         {QByteArray(buono).replace(68, 4, "ABCD"), "altro programma"}};
     for (const auto& [dati, parola] : casi) {
-        ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
-        scrivi(percorsoArchivio(), dati);
-        const QString testo = errore([] {
+        scriviFile(percorsoArchivio(), dati);
+        const QString testo = erroreDi([] {
             PreparaArchivio();
             ApriDataBase();
             VerificaArchivio();
         });
         QVERIFY2(testo.contains(parola), qPrintable(parola + testo));
         ChiudiDataBase();
-        QCOMPARE(contenuto(percorsoArchivio()), dati);
+        QCOMPARE(leggiFile(percorsoArchivio()), dati);
     }
 }
 
 void tst_Archivio::cartellaNonScrivibile() {
-    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+    ChiudiDataBase();
+    QVERIFY(QFile::remove(percorsoArchivio()));
     QVERIFY(QFile::setPermissions(PercorsoApp,
                                   QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
     comeUtenteComune([] { QVERIFY_EXCEPTION_THROWN(PreparaArchivio(), ErroreArchivio); });
@@ -166,15 +100,14 @@ void tst_Archivio::cartellaNonScrivibile() {
     QVERIFY(QFile::setPermissions(PercorsoApp, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
                                                    QFile::ReadOther | QFile::ExeOther));
     PreparaArchivio();
-    const QByteArray prima = contenuto(percorsoArchivio());
+    const QByteArray prima = leggiFile(percorsoArchivio());
     QVERIFY(QFile::setPermissions(percorsoArchivio(), QFile::ReadOwner | QFile::ReadOther));
     comeUtenteComune([] { QVERIFY_EXCEPTION_THROWN(PreparaArchivio(), ErroreArchivio); });
-    QCOMPARE(contenuto(percorsoArchivio()), prima);
+    QCOMPARE(leggiFile(percorsoArchivio()), prima);
 }
 
 void tst_Archivio::spartito() {
     // An archive that vanishes while the program runs must not come back empty.
-    ProgrammaDiProva programma;
     ChiudiDataBase();
     QVERIFY(QFile::rename(percorsoArchivio(), percorsoNelProgramma("altrove.mdb")));
     QVERIFY_EXCEPTION_THROWN(ApriDataBase(), ErroreArchivio);
@@ -184,44 +117,12 @@ void tst_Archivio::spartito() {
     QVERIFY_EXCEPTION_THROWN(ApriDataBase(), ErroreArchivio);  // open already
 }
 
-void tst_Archivio::discoPieno() {
-    ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const int pagine = leggiValore("PRAGMA page_count")->toInt();
-    leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
-    const QString testo = errore([] {
-        Transazione transazione;
-        for (int i = 0; i < 1000; ++i)
-            nuovoEquipaggio(i, {{"Not", QString(200, 'x')}});
-        transazione.conferma();
-    });
-    QVERIFY2(testo.contains("disco è pieno"), qPrintable(testo));
-    QCOMPARE(contaRighe("Equipaggi"), 0);
-    ChiudiDataBase();
-    ApriDataBase();
-    QCOMPARE(contaRighe("Manifestazioni"), 1);
-    QCOMPARE(difettoArchivio(percorsoArchivio()), QString());
-}
-
-void tst_Archivio::occupato() {
-    ProgrammaDiProva programma;
-    leggiValore("PRAGMA busy_timeout=1");
-    const Transazione altrui(ConnShape());
-    const QString testo = errore([] { nuovaManifestazione(); });
-    QVERIFY2(testo.startsWith("L'archivio è in uso"), qPrintable(testo));
-}
-
 void tst_Archivio::testi() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     const QStringList ordinati{"Angelo", "D'Angelo", "D'Angelò", "Eco", "èdera", "EDOARDO", "Zeta"};
     for (int i = 0; i < ordinati.size(); ++i)
         nuovoEquipaggio(i, {{"Cog", ordinati.at((i * 5) % ordinati.size())}});
-    QStringList letti;
-    Statement lettura("SELECT Cog FROM Equipaggi ORDER BY Cog COLLATE ITALIANO");
-    for (lettura.esegui(); lettura.prossima();)
-        letti << lettura.testo(0);
-    QCOMPARE(letti, ordinati);
+    QCOMPARE(leggiColonna("SELECT Cog FROM Equipaggi ORDER BY Cog COLLATE ITALIANO"), ordinati);
     QCOMPARE(confrontaTesti(u"ÈDERA", u"èdera"), 0);
 
     const struct {
@@ -272,59 +173,49 @@ QByteArray scriviGiornale(const QByteArray& prima, qsizetype pagina) {
 
 }  // namespace
 
-void tst_Archivio::giornale_data() {
+void tst_Archivio::giornale() {
     // What is done to the archive of two events after an action that had one event before it, and what a
     // start finds then: the events of the archive, and whether the journal was set aside.
-    QTest::addColumn<QString>("fatto");
-    QTest::addColumn<int>("eventi");
-    QTest::addColumn<bool>("messoDaParte");
-    QTest::newRow("of the last action") << "" << 1 << false;
-    QTest::newRow("header hurt") << "testata" << 1 << true;
-    QTest::newRow("an action later") << "altra" << 3 << true;
-    QTest::newRow("of another program's file") << "identificativo" << 2 << true;
-    QTest::newRow("without page 1") << "senza" << 2 << true;
-    QTest::newRow("nonsense") << "rumore" << 2 << true;
-    QTest::newRow("empty") << "vuoto" << 2 << false;
-    QTest::newRow("archive missing") << "manca" << 0 << true;
-}
-
-void tst_Archivio::giornale() {
-    QFETCH(const QString, fatto);
-    ProgrammaDiProva programma;
-    nuovaManifestazione();
-    const auto pagina = static_cast<qsizetype>(leggiValore("PRAGMA page_size")->toInt());
-    const QByteArray prima = contenuto(percorsoArchivio());
-    nuovaManifestazione();
-    if (fatto == "altra")
+    const std::tuple<const char*, int, bool> casi[] = {
+        {"", 1, false},     {"testata", 1, true}, {"altra", 3, true},  {"identificativo", 2, true},
+        {"senza", 2, true}, {"rumore", 2, true},  {"vuoto", 2, false}, {"manca", 0, true}};
+    for (const auto& [caso, eventi, messoDaParte] : casi) {
+        const QString fatto(caso);
+        ricomincia();
         nuovaManifestazione();
-    ChiudiDataBase();
-    QByteArray giornale = scriviGiornale(prima, pagina);
-    QByteArray dopo = contenuto(percorsoArchivio());
-    if (fatto == "testata")
-        dopo.replace(0, 100, QByteArray(100, '\0'));
-    if (fatto == "identificativo")
-        giornale[512 + 4 + 68] = 'x';
-    if (fatto == "senza")
-        giornale[512 + 3] = 2;
-    if (fatto == "rumore")
-        giornale = QByteArray(9000, 'g');
-    if (fatto == "vuoto")
-        giornale.clear();
-    scrivi(percorsoArchivio(), dopo);
-    scrivi(percorsoArchivio() + "-journal", giornale);
-    if (fatto == "manca")
-        QVERIFY(QFile::remove(percorsoArchivio()));
+        const auto pagina = static_cast<qsizetype>(leggiValore("PRAGMA page_size")->toInt());
+        const QByteArray prima = leggiFile(percorsoArchivio());
+        nuovaManifestazione();
+        if (fatto == "altra")
+            nuovaManifestazione();
+        ChiudiDataBase();
+        QByteArray giornale = scriviGiornale(prima, pagina);
+        QByteArray dopo = leggiFile(percorsoArchivio());
+        if (fatto == "testata")
+            dopo.replace(0, 100, QByteArray(100, '\0'));
+        if (fatto == "identificativo")
+            giornale[512 + 4 + 68] = 'x';
+        if (fatto == "senza")
+            giornale[512 + 3] = 2;
+        if (fatto == "rumore")
+            giornale = QByteArray(9000, 'g');
+        if (fatto == "vuoto")
+            giornale.clear();
+        scriviFile(percorsoArchivio(), dopo);
+        scriviFile(percorsoArchivio() + "-journal", giornale);
+        if (fatto == "manca")
+            QVERIFY(QFile::remove(percorsoArchivio()));
 
-    QFETCH(const bool, messoDaParte);
-    const QString avviso = PreparaArchivio();
-    ApriDataBase();
-    VerificaArchivio();
-    QTEST(contaRighe("Manifestazioni"), "eventi");
-    QCOMPARE(!avviso.isEmpty(), messoDaParte);
-    const QStringList messi = QDir(PercorsoApp).entryList({"mdvlm.mdb-journal-*"});
-    QCOMPARE(messi.size(), messoDaParte ? 1 : 0);
-    if (messoDaParte)
-        QCOMPARE(contenuto(percorsoNelProgramma(messi.first())), giornale);
+        const QString avviso = PreparaArchivio();
+        ApriDataBase();
+        VerificaArchivio();
+        QVERIFY2(contaRighe("Manifestazioni") == eventi, caso);
+        QCOMPARE(!avviso.isEmpty(), messoDaParte);
+        const QStringList messi = QDir(PercorsoApp).entryList({"mdvlm.mdb-journal-*"});
+        QCOMPARE(messi.size(), messoDaParte ? 1 : 0);
+        if (messoDaParte)
+            QCOMPARE(leggiFile(percorsoNelProgramma(messi.first())), giornale);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Archivio)

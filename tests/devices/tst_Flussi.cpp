@@ -1,9 +1,9 @@
 #include "devices/Conversazione.h"
 #include "devices/Frame.h"
 #include "devices/Scarico.h"
+#include "supporto/ProgrammaDiProva.h"
 
 #include <QDir>
-#include <QTest>
 
 // Recorded streams and what must be read from them, in pairs of files: <decoder>-<case>.flusso holds the
 // bytes, <decoder>-<case>.atteso the expected lines. Each stream is fed whole, by groups and character by
@@ -17,13 +17,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-QByteArray contenuto(const QString& percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(percorso));
-    return file.readAll();
-}
 
 QList<QByteArray> aPezzi(const QByteArray& flusso, qsizetype pezzo) {
     QList<QByteArray> pezzi;
@@ -126,8 +119,8 @@ void tst_Flussi::flusso_data() {
 
 void tst_Flussi::flusso() {
     QFETCH(QString, base);
-    const QByteArray flusso = contenuto(QStringLiteral(FLUSSI "/%1.flusso").arg(base));
-    const QByteArray atteso = contenuto(QStringLiteral(FLUSSI "/%1.atteso").arg(base));
+    const QByteArray flusso = leggiFile(QStringLiteral(FLUSSI "/%1.flusso").arg(base));
+    const QByteArray atteso = leggiFile(QStringLiteral(FLUSSI "/%1.atteso").arg(base));
     for (const qsizetype pezzo : {flusso.size() + 1, qsizetype{7}, qsizetype{1}})
         QCOMPARE(decodifica(base.section('-', 0, 0), aPezzi(flusso, pezzo), atteso),
                  QString::fromUtf8(atteso));

@@ -5,15 +5,15 @@
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QTest>
 
 // Ports of the machine on real pseudo-terminals.
-class tst_Porte final : public QObject {
+class tst_Porte final : public ProvaConProgramma {
     Q_OBJECT
 
+public:
+    tst_Porte() : ProvaConProgramma(Archivio::Nessuno) {}
+
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void numeroEDispositivo();
     void nonSiApre();
     void ottoBitARaffica();
@@ -23,15 +23,16 @@ private Q_SLOTS:
     void lineaFerma();
 
 private:
-    std::unique_ptr<ProgrammaDiProva> m_programma;
+    void prepara() override;
+    void chiudi() override;
+
     std::unique_ptr<PseudoTerminale> m_linea;  // com1
     std::unique_ptr<PortaSeriale> m_porta;     // chronometer's, on com1
     QByteArrayList m_ricevuti;                 // what m_porta got and, as "guasta", its losses
 };
 
-void tst_Porte::init() {
+void tst_Porte::prepara() {
     AtteseLinea = {};
-    m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno);
     m_linea = std::make_unique<PseudoTerminale>(PercorsoApp, 1);
     m_porta = std::make_unique<PortaSeriale>(Linea::Cronometro);
     m_porta->impostaNumero(1);
@@ -40,10 +41,9 @@ void tst_Porte::init() {
     connect(m_porta.get(), &Porta::guasta, this, [this] { m_ricevuti << "guasta"; });
 }
 
-void tst_Porte::cleanup() {
+void tst_Porte::chiudi() {
     m_porta.reset();
     m_linea.reset();
-    m_programma.reset();
     AtteseLinea = {};
 }
 
@@ -66,12 +66,8 @@ void tst_Porte::nonSiApre() {
         QFile::remove(collegata);
         QFile file(collegata);
         QVERIFY(*bersaglio == '/' ? QFile::link(bersaglio, collegata) : file.open(QIODevice::WriteOnly));
-        QVERIFY(!m_porta->apri());
-        QVERIFY(!m_porta->prova());
-        QVERIFY(!m_porta->aperta());
-        QVERIFY(m_porta->guasto().numero != 0);
-        QVERIFY(!m_porta->guasto().descrizione.isEmpty());
-        QVERIFY(!m_porta->scrivi("x"));
+        QVERIFY(!m_porta->apri() && !m_porta->prova() && !m_porta->aperta() && !m_porta->scrivi("x"));
+        QVERIFY(m_porta->guasto().numero != 0 && !m_porta->guasto().descrizione.isEmpty());
         // A port that never opened is not lost as well.
         QTest::qWait(20);
         QVERIFY(m_ricevuti.isEmpty());
@@ -137,10 +133,8 @@ void tst_Porte::adattatoreTolto() {
         m_linea->stacca();
         QTRY_COMPARE(m_ricevuti.last(), "guasta");
         QVERIFY(!m_porta->aperta());
-        QVERIFY(m_porta->guasto().numero != 0);
         QCOMPARE(m_porta->guasto().descrizione, "Porta Scollegata");
-        QVERIFY(!m_porta->scrivi("x"));
-        QVERIFY(!m_porta->apri());
+        QVERIFY(!m_porta->scrivi("x") && !m_porta->apri());
         QCOMPARE(m_porta->guasto().numero, int(QSerialPort::DeviceNotFoundError));
         // Told once, however long the line stays gone.
         QTest::qWait(20);

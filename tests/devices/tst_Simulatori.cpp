@@ -9,36 +9,31 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTest>
 
 // The simulators as the programs that a club starts, against the room's own port and conversation.
-class tst_Simulatori final : public QObject {
+class tst_Simulatori final : public ProvaConProgramma {
     Q_OBJECT
 
+public:
+    tst_Simulatori() : ProvaConProgramma(Archivio::Nessuno) {}
+
 private Q_SLOTS:
-    void init() { m_programma = std::make_unique<ProgrammaDiProva>(ProgrammaDiProva::Archivio::Nessuno); }
-    void cleanup() { m_programma.reset(); }
     void programmaTag();
     void programmaTabellone();
-    void corsa_data();
     void corsa();
     void scarichi();
     void guasti();
-    void rigaDiComando_data();
     void rigaDiComando();
-
-private:
-    QString copione(const QString& righe) const;
-    // One of those that stand beside the simulators, without its pauses.
-    [[nodiscard]] QString pronto(const QString& nome) const;
-    // What a download from port 6 brings; heat 1 on the TAG CP540.
-    static QStringList scarica(Dispositivo dispositivo);
-    std::unique_ptr<ProgrammaDiProva> m_programma;
 };
 
 namespace {
 
 constexpr int Attesa = 60000;
+
+QString copione(const QByteArray& testo) {
+    scriviFile("copione.txt", testo);
+    return PercorsoApp + "/copione.txt";
+}
 
 QStringList righe(const QList<RecordScarico>& record) {
     QStringList testi;
@@ -62,37 +57,30 @@ public:
     [[nodiscard]] bool finito() const { return state() == NotRunning; }
 };
 
-}  // namespace
-
-QString tst_Simulatori::copione(const QString& testo) const {
-    QFile file(PercorsoApp + "/copione.txt");
-    if (!file.open(QIODevice::WriteOnly) || file.write(testo.toUtf8()) < 0)
-        qFatal("cannot write the script");
-    return file.fileName();
-}
-
-QString tst_Simulatori::pronto(const QString& nome) const {
+// One of those that stand beside the simulators, without its pauses.
+QString pronto(const QString& nome) {
     static const QRegularExpression pausa("attendi \\d+");
-    QFile file(QString(COPIONI "/%1.txt").arg(nome));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return copione(QString::fromUtf8(file.readAll()).replace(pausa, "attendi 1"));
+    const QByteArray testo = leggiFile(QString(COPIONI "/%1.txt").arg(nome));
+    return copione(QString::fromUtf8(testo).replace(pausa, "attendi 1").toUtf8());
 }
 
-QStringList tst_Simulatori::scarica(Dispositivo dispositivo) {
+// What a download from port 6 brings; heat 1 on the TAG CP540.
+QStringList scarica(Dispositivo dispositivo) {
     Scaricamento scaricamento;
     QStringList esito;
-    connect(&scaricamento, &Scaricamento::mancheRichiesta, [&] { scaricamento.manche("1"); });
-    connect(&scaricamento, &Scaricamento::nessunaRisposta, [&] { esito << "no answer"; });
-    connect(&scaricamento, &Scaricamento::finito,
-            [&](const QByteArray& flusso) { esito = righe(leggiRecord(dispositivo, flusso)); });
+    QObject::connect(&scaricamento, &Scaricamento::mancheRichiesta, [&] { scaricamento.manche("1"); });
+    QObject::connect(&scaricamento, &Scaricamento::nessunaRisposta, [&] { esito << "no answer"; });
+    QObject::connect(&scaricamento, &Scaricamento::finito,
+                     [&](const QByteArray& flusso) { esito = righe(leggiRecord(dispositivo, flusso)); });
     if (!scaricamento.inizia(dispositivo, 6) || !QTest::qWaitFor([&] { return !esito.isEmpty(); }, Attesa))
         return {"nothing"};
     return esito;
 }
 
+}  // namespace
+
 void tst_Simulatori::programmaTag() {
-    const QString testo =
+    const char* testo =
         "# una manche, poi una corsa\n"
         "serie 12345\nmanche 3\nrecord 5 09:00:00.50\nrecord 0 09:00:01.00\nriga A   6\\n\n"
         "attendi invio\nattendi apertura\nincolla\npartenza\ntempo 1:02.34\nfine-incolla\n"
@@ -148,31 +136,22 @@ void tst_Simulatori::programmaTabellone() {
              "[      ]\n[PAr  1]\n[IN   1]\n[  25.01]\n[  17.85]\n[  11.90]\n[P   26]\n");
 }
 
-void tst_Simulatori::corsa_data() {
-    QTest::addColumn<QString>("nome");
-    QTest::addColumn<Dispositivo>("dispositivo");
-    QTest::newRow("CP520") << "CP520" << Dispositivo::CP520;
-    QTest::newRow("CP540") << "CP540" << Dispositivo::CP540;
-}
-
 void tst_Simulatori::corsa() {
-    QFETCH(QString, nome);
-    QFETCH(Dispositivo, dispositivo);
     Processo tag(SIMULATORE_TAG,
-                 {"--dispositivo=" + nome, "--programma", PercorsoApp, "--com=6", pronto("corsa")});
+                 {"--dispositivo=CP520", "--programma", PercorsoApp, "--com=6", pronto("corsa")});
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
     QByteArray detto;
     for (const int ultimo : {5476, 5474, 5506}) {
         const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
         porta->impostaNumero(6);
-        RicevitoreFrame ricevitore(dispositivo);
+        RicevitoreFrame ricevitore(Dispositivo::CP520);
         QList<FrameOnLine> frame;
         connect(porta.get(), &Porta::ricevuto, this,
                 [&] { frame << ricevitore.aggiungi(porta->leggiTutto()); });
         QVERIFY(porta->apri());
         QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
         QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
-        QCOMPARE(tempoTrascorso(dispositivo, frame[3].record), ultimo);
+        QCOMPARE(tempoTrascorso(Dispositivo::CP520, frame[3].record), ultimo);
         porta->chiudi();
         QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"), Attesa);
         detto.clear();
@@ -230,40 +209,26 @@ void tst_Simulatori::guasti() {
     QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
 }
 
-void tst_Simulatori::rigaDiComando_data() {
-    QTest::addColumn<QString>("programma");
-    QTest::addColumn<QString>("argomenti");
-    QTest::addColumn<QString>("detto");  // with the exit code before it
-    const auto riga = [](const char* programma, const char* argomenti, const char* detto) {
-        QTest::addRow("%s %s", QFileInfo(programma).fileName().toUtf8().constData(), argomenti)
-            << programma << argomenti << detto;
-    };
-    riga(SIMULATORE_TAG, "--help", "0 Fa la parte di un cronometro");
-    riga(SIMULATORE_TAG, "--velocita 3", "2 opzione sconosciuta: --velocita\n");
-    riga(SIMULATORE_TAG, "--com 10", "2 --com: un numero da 1 a 9\n");
-    riga(SIMULATORE_TAG, "--com", "2 all'opzione --com manca il valore\n");
-    riga(SIMULATORE_TAG, "--dispositivo CP550", "2 --dispositivo: CP520 oppure CP540\n");
-    riga(SIMULATORE_TAG, "a.txt b.txt", "2 argomento di troppo: b.txt\n");
-    riga(SIMULATORE_TAG, "--programma /nessuna", "2 La cartella /nessuna non c'è");
-    riga(SIMULATORE_TABELLONE, "-h", "0 Mostra sul terminale");
-    riga(SIMULATORE_TABELLONE, "--dispositivo CP520", "2 opzione sconosciuta: --dispositivo\n");
-    riga(CREA_ESEMPIO, "--help", "0 Crea un archivio");
-    riga(CREA_ESEMPIO, "una", "2 mancano degli argomenti\n");
-    riga(CREA_ESEMPIO, "--attiva=no una altra", "2 l'opzione --attiva non vuole un valore\n");
-    riga(PROVA, "--help", "0 Prova il programma");
-    riga(PROVA, "", "2 mancano degli argomenti\n");
-    riga(PROVA, "/nessuna /tmp", "2 nella cartella /nessuna non c'è un archivio\n");
-}
-
 void tst_Simulatori::rigaDiComando() {
-    QFETCH(QString, programma);
-    QFETCH(QString, argomenti);
-    QFETCH(QString, detto);
-    Processo processo(programma, argomenti.split(' ', Qt::SkipEmptyParts));
-    QVERIFY(processo.waitForFinished(Attesa));
-    const QString uscita = QString::fromUtf8(processo.exitCode() == 0 ? processo.readAllStandardOutput()
-                                                                      : processo.readAllStandardError());
-    QVERIFY2(QString("%1 %2").arg(processo.exitCode()).arg(uscita).startsWith(detto), qPrintable(uscita));
+    // What each says, with the exit code before it.
+    const std::tuple<const char*, const char*, const char*> casi[] = {
+        {SIMULATORE_TAG, "--help", "0 Fa la parte di un cronometro"},
+        {SIMULATORE_TAG, "--com 10", "2 --com: un numero da 1 a 9\n"},
+        {SIMULATORE_TAG, "--com", "2 all'opzione --com manca il valore\n"},
+        {SIMULATORE_TAG, "--dispositivo CP550", "2 --dispositivo: CP520 oppure CP540\n"},
+        {SIMULATORE_TAG, "a.txt b.txt", "2 argomento di troppo: b.txt\n"},
+        {SIMULATORE_TAG, "--programma /nessuna", "2 La cartella /nessuna non c'è"},
+        {SIMULATORE_TABELLONE, "--dispositivo CP520", "2 opzione sconosciuta: --dispositivo\n"},
+        {CREA_ESEMPIO, "una", "2 mancano degli argomenti\n"},
+        {CREA_ESEMPIO, "--attiva=no una altra", "2 l'opzione --attiva non vuole un valore\n"},
+        {PROVA, "/nessuna /tmp", "2 nella cartella /nessuna non c'è un archivio\n"}};
+    for (const auto& [programma, argomenti, detto] : casi) {
+        Processo processo(programma, QString(argomenti).split(' ', Qt::SkipEmptyParts));
+        QVERIFY(processo.waitForFinished(Attesa));
+        const QByteArray uscita = QByteArray::number(processo.exitCode()) + ' ' +
+                                  processo.readAllStandardOutput() + processo.readAllStandardError();
+        QVERIFY2(uscita.startsWith(detto), uscita.constData());
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Simulatori)

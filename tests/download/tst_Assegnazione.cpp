@@ -1,27 +1,19 @@
 #include "download/RicercaErrori.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
-
 // From switches and records to readings, through the archive.
-class tst_Assegnazione final : public QObject {
+class tst_Assegnazione final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup() { m_programma.reset(); }
-    void pressostati_data();
     void pressostati();
     void testiERuoli();
-    void posizionale_data();
     void posizionale();
     void salva();
-    void ricerca_data();
     void ricerca();
-    void ricercaNellArchivio();
 
 private:
-    std::unique_ptr<ProgrammaDiProva> m_programma;
+    void prepara() override { nuovaManifestazione(); }
 };
 
 namespace {
@@ -76,39 +68,25 @@ QString descrivi(const QList<ErroreScarico>& errori) {
 
 }  // namespace
 
-void tst_Assegnazione::init() {
-    m_programma = std::make_unique<ProgrammaDiProva>();
-    nuovaManifestazione();
-}
-
-void tst_Assegnazione::pressostati_data() {
-    QTest::addColumn<QString>("righe");
-    const auto riga = [](const char* prove, const char* righe) { QTest::newRow(prove) << righe; };
-    riga("PA", "S1 | A1");
-    riga("PM PM", "S1 | A1 | S2 | A2");
-    riga("PA PA+ PA+", "S1 | A1,S2 | A2,S3 | A3");
-    riga("PA PM+", "S1 | A1,S2 | A2");
-    riga("PM PA+", "S1 | A1,S2 | A2");
-    riga("PA CO+ CO", "S1 | A1 | A2 | A3");
-    riga("PA CO PA+", "S1 | A1 | A2,S3 | A3");
-    riga("CO PA+ PA+", "A1,S2 | A2,S3 | A3");
-    riga("CO PA CO+", "A1 | S2 | A2 | A3");
-    riga("CO CO+", "A1,S2 | A2");
-    riga("CO CO+ PA+", "A1,S2,S3 | A2,S3 | A3");
-    riga("CO CO PA+", "A1,S3 | A2,S3 | A3");
-    riga("CO CO+ PA PA+", "A1,S2 | A2 | S3 | A3,S4 | A4");
-    riga("CO CO+ CO+ PM+", "A1,S2,S4 | A2,S3,S4 | A3,S4 | A4");
-}
-
 void tst_Assegnazione::pressostati() {
-    QStringList righe;
-    for (const Pressostato& pressostato : pressostatiDi(QTest::currentDataTag())) {
-        QStringList bersagli;
-        for (const Bersaglio& b : pressostato)
-            bersagli << posto(b.ruolo(), b);
-        righe << bersagli.join(',');
+    const std::pair<const char*, const char*> casi[] = {
+        {"PA", "S1 | A1"},
+        {"PA PA+ PA+", "S1 | A1,S2 | A2,S3 | A3"},
+        {"PA CO PA+", "S1 | A1 | A2,S3 | A3"},
+        {"CO PA CO+", "A1 | S2 | A2 | A3"},
+        {"CO CO+ PA+", "A1,S2,S3 | A2,S3 | A3"},
+        {"CO CO PA+", "A1,S3 | A2,S3 | A3"},
+        {"CO CO+ CO+ PM+", "A1,S2,S4 | A2,S3,S4 | A3,S4 | A4"}};
+    for (const auto& [prove, attese] : casi) {
+        QStringList righe;
+        for (const Pressostato& pressostato : pressostatiDi(prove)) {
+            QStringList bersagli;
+            for (const Bersaglio& b : pressostato)
+                bersagli << posto(b.ruolo(), b);
+            righe << bersagli.join(',');
+        }
+        QVERIFY2(righe.join(" | ") == attese, prove);
     }
-    QTEST(righe.join(" | "), "righe");
 }
 
 // The role is read back from the text, so this name turns an arrival into a start.
@@ -119,44 +97,38 @@ void tst_Assegnazione::testiERuoli() {
     QCOMPARE(arrivo.ruolo(), Ruolo::Start);
 }
 
-void tst_Assegnazione::posizionale_data() {
-    QTest::addColumn<bool>("soloPrimo");
-    QTest::addColumn<QString>("record");
-    QTest::addColumn<QString>("tempi");
-    QTest::addColumn<QList<int>>("scartati");
-    const auto riga = [](const char* titolo, bool soloPrimo, const char* record, const char* tempi,
-                         const QList<int>& scartati) {
-        QTest::newRow(titolo) << soloPrimo << record << tempi << scartati;
-    };
-    riga("none", false, "", "", {});
-    riga("two crews, mixed", false, "1@10:00:01:00 2@10:00:02:00 2@10:00:03:00 1@10:00:04:00",
-         "S1:101=01 S1:102=02 A1:102=03 A1:101=04", {});
-    riga("the clock does not count", false, "1@10:00:09:00 1@10:00:05:00", "S1:101=09 A1:101=05", {});
-    riga("a third time", false, "1@10:00:01:00 1@10:00:02:00 1@10:00:03:00", "S1:101=01 A1:101=02", {1});
-    riga("unknown number", false, "9@10:00:01:00 1@10:00:02:00", "S1:101=02", {9});
-    riga("no number", false, "1@10:00:01:00 @10:00:02:00", "S1:101=01", {0});
-    riga("number for the first switch alone", true,
-         "1@10:00:01:00 @10:00:02:00 2@10:00:03:00 @10:00:04:00 @10:00:05:00",
-         "S1:101=01 A1:101=02 S1:102=03 A1:102=04", {2});
-    riga("first record without number", true, "@10:00:01:00 1@10:00:02:00", "S1:101=02", {0});
-    riga("unknown number and its followers", true, "9@10:00:01:00 @10:00:02:00 1@10:00:03:00", "S1:101=03",
-         {9, 9});
-}
-
 void tst_Assegnazione::posizionale() {
-    QFETCH(bool, soloPrimo);
-    QFETCH(QString, record);
-    int sentiti = 0;
-    const EsitoAssegnazione esito = assegnaTempi(leggi(record), unoEDue(), pressostatiDi("PA"), soloPrimo,
-                                                 segnato, [&](const RecordScarico&) { ++sentiti; });
-    QTEST(descrivi(esito.tempi), "tempi");
-    QCOMPARE(esito.validi, esito.tempi.size());
-    QCOMPARE(sentiti, esito.validi);
-    QCOMPARE(esito.previsti, 4);
-    QList<int> scartati;
-    for (const RecordScartato& scartato : esito.scartati)
-        scartati << scartato.record.numero;
-    QTEST(scartati, "scartati");
+    const struct {
+        bool soloPrimo;  // the number stands on the first switch's records alone
+        const char *record, *tempi;
+        QList<int> scartati;
+    } casi[] = {{false, "", "", {}},
+                {false,
+                 "1@10:00:01:00 2@10:00:02:00 2@10:00:03:00 1@10:00:04:00",
+                 "S1:101=01 S1:102=02 A1:102=03 A1:101=04",
+                 {}},
+                // The clock does not count; a third time; an unknown number; no number.
+                {false, "1@10:00:09:00 1@10:00:05:00 1@10:00:03:00", "S1:101=09 A1:101=05", {1}},
+                {false, "9@10:00:01:00 1@10:00:02:00 @10:00:03:00", "S1:101=02", {9, 0}},
+                {true,
+                 "1@10:00:01:00 @10:00:02:00 2@10:00:03:00 @10:00:04:00 @10:00:05:00",
+                 "S1:101=01 A1:101=02 S1:102=03 A1:102=04",
+                 {2}},
+                {true, "@10:00:01:00 1@10:00:02:00", "S1:101=02", {0}},
+                {true, "9@10:00:01:00 @10:00:02:00 1@10:00:03:00", "S1:101=03", {9, 9}}};
+    for (const auto& [soloPrimo, record, tempi, attesi] : casi) {
+        int sentiti = 0;
+        const EsitoAssegnazione esito = assegnaTempi(leggi(record), unoEDue(), pressostatiDi("PA"), soloPrimo,
+                                                     segnato, [&](const RecordScarico&) { ++sentiti; });
+        QCOMPARE(descrivi(esito.tempi), QString(tempi));
+        QCOMPARE(esito.validi, esito.tempi.size());
+        QCOMPARE(sentiti, esito.validi);
+        QCOMPARE(esito.previsti, 4);
+        QList<int> scartati;
+        for (const RecordScartato& scartato : esito.scartati)
+            scartati << scartato.record.numero;
+        QCOMPARE(scartati, attesi);
+    }
 }
 
 // The last of two times counts; an empty one (no precision for the kind) and a crew that is not entered write
@@ -178,67 +150,38 @@ void tst_Assegnazione::salva() {
     QCOMPARE(contaRighe("Prove", "Svo=1"), 1);
 }
 
-void tst_Assegnazione::ricerca_data() {
-    QTest::addColumn<bool>("soloPrimo");
-    QTest::addColumn<QString>("record");
-    QTest::addColumn<QString>("tempi");
-    QTest::addColumn<QString>("errori");
-    QTest::addColumn<QString>("scartati");
-    const auto riga = [](const char* titolo, bool soloPrimo, const char* record, const char* tempi,
-                         const char* errori, const char* scartati) {
-        QTest::newRow(titolo) << soloPrimo << record << tempi << errori << scartati;
-    };
-    // Crews 1 and 2 are entered, two switches.
-    riga("all in order", false, "1@10:00:01:00 1@10:00:02:00 2@10:00:03:00 2@10:00:04:00",
-         "S1:101=01 A1:101=02 S1:102=03 A1:102=04", "", "");
-    riga("too few, and none", false, "1@10:00:01:00", "S1:101=01", "1(101) Pochi Tempi; 2(102) Pochi Tempi",
-         "");
-    riga("too many", false,
-         "1@10:00:01:00 1@10:00:02:00 1@10:00:03:00 1@10:00:04:00 2@10:00:05:00 2@10:00:06:00",
-         "S1:101=01 A1:101=02 S1:102=05 A1:102=06", "1(101) Troppi Tempi", "1@03 1@04");
-    riga("not entered", false, "9@10:00:01:00 9@10:00:02:00 9@10:00:03:00", "S1:0=01 A1:0=02",
-         "9(0) Equipaggio NON Iscritto, Troppi Tempi; 1(101) Pochi Tempi; 2(102) Pochi Tempi", "9@03");
-    riga("not entered, too few", false, "8@10:00:01:00", "S1:0=01",
-         "8(0) Equipaggio NON Iscritto, Pochi Tempi; 1(101) Pochi Tempi; 2(102) Pochi Tempi", "");
-    riga("without number", false, "@10:00:01:00", "", "1(101) Pochi Tempi; 2(102) Pochi Tempi", "0@01");
-    riga("number for the first switch alone", true,
-         "@10:00:01:00 1@10:00:02:00 @10:00:03:00 2@10:00:04:00 @10:00:05:00 @10:00:06:00",
-         "S1:101=02 A1:101=03 S1:102=04 A1:102=05", "2(102) Troppi Tempi", "0@01 2@06");
-}
-
+// Crews 1 and 2 are entered, two switches.
 void tst_Assegnazione::ricerca() {
-    QFETCH(bool, soloPrimo);
-    QFETCH(QString, record);
-    const EsitoRicerca esito = ricercaErrori(leggi(record), unoEDue(), pressostatiDi("PA"), soloPrimo,
-                                             segnato, [](const QString&) { return false; });
-    QTEST(descrivi(esito.tempi), "tempi");
-    QTEST(descrivi(esito.errori), "errori");
-    QStringList scartati;
-    for (const TempoScartato& t : esito.scartati)
-        scartati << QStringLiteral("%1@%2").arg(t.num).arg(t.tempo.mid(6, 2));
-    QTEST(scartati.join(' '), "scartati");
-}
-
-// Two targets; a crew that is not entered takes the class of each one's kind.
-void tst_Assegnazione::ricercaNellArchivio() {
-    nuovaProva();
-    nuovaProva({{"Tip", "PM"}, {"ConA", 1}});
-    const int uno = nuovoEquipaggio(1);
-    nuovoEquipaggio(4);
-    nuovoEquipaggio(4);  // one number, two crews: nobody's
-    const EsitoRicerca esito =
-        ricercaErrori(leggi("9@10:00:01:00 1@10:00:02:00 1@10:00:03:00 @10:00:04:00 4@10:00:05:00"),
-                      leggiEquipaggi(IDMan), elencaPressostati(leggiProveCronometrate(IDMan)).mid(1, 1),
-                      false, segnato, [](const QString& tipo) { return tipo == "PM"; });
-    for (int volta = 0; volta < 2; ++volta)  // the second replaces the first
-        scriviRicerca(esito);
-    QCOMPARE(contaRighe("TempRil"), 6);
-    QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TArr='10:00:01-PA'"), 1);
-    QCOMPARE(contaRighe("TempRil", "IDEqu_FK IS NULL AND Num=9 AND TPar='10:00:01+PM'"), 1);
-    QCOMPARE(descrivi(leggiErrori()), QStringLiteral("9(0) Equipaggio NON Iscritto; 1(%1) Troppi Tempi; "
-                                                     "4(0) Equipaggio NON Iscritto")
-                                          .arg(uno));
-    QCOMPARE(contaRighe("TempScar"), 2);
+    const struct {
+        bool soloPrimo;
+        const char *record, *tempi, *errori, *scartati;
+    } casi[] = {
+        {false, "1@10:00:01:00 1@10:00:02:00 2@10:00:03:00 2@10:00:04:00",
+         "S1:101=01 A1:101=02 S1:102=03 A1:102=04", "", ""},
+        {false, "1@10:00:01:00 @10:00:02:00", "S1:101=01", "1(101) Pochi Tempi; 2(102) Pochi Tempi", "0@02"},
+        {false, "1@10:00:01:00 1@10:00:02:00 1@10:00:03:00 1@10:00:04:00 2@10:00:05:00 2@10:00:06:00",
+         "S1:101=01 A1:101=02 S1:102=05 A1:102=06", "1(101) Troppi Tempi", "1@03 1@04"},
+        {false, "9@10:00:01:00 9@10:00:02:00 9@10:00:03:00 8@10:00:01:00", "S1:0=01 A1:0=02 S1:0=01",
+         "9(0) Equipaggio NON Iscritto, Troppi Tempi; 8(0) Equipaggio NON Iscritto, Pochi Tempi; "
+         "1(101) Pochi Tempi; 2(102) Pochi Tempi",
+         "9@03"},
+        {true, "@10:00:01:00 1@10:00:02:00 @10:00:03:00 2@10:00:04:00 @10:00:05:00 @10:00:06:00",
+         "S1:101=02 A1:101=03 S1:102=04 A1:102=05", "2(102) Troppi Tempi", "0@01 2@06"}};
+    for (const auto& [soloPrimo, record, tempi, errori, attesi] : casi) {
+        const EsitoRicerca esito = ricercaErrori(leggi(record), unoEDue(), pressostatiDi("PA"), soloPrimo,
+                                                 segnato, [](const QString&) { return false; });
+        QCOMPARE(descrivi(esito.tempi), QString(tempi));
+        QCOMPARE(descrivi(esito.errori), QString(errori));
+        QStringList scartati;
+        for (const TempoScartato& t : esito.scartati)
+            scartati << QStringLiteral("%1@%2").arg(t.num).arg(t.tempo.mid(6, 2));
+        QCOMPARE(scartati.join(' '), QString(attesi));
+    }
+    // One number, two crews: nobody's.
+    const EsitoRicerca gemelli =
+        ricercaErrori(leggi("4@10:00:01:00 4@10:00:02:00"), {{103, 4, {}, {}}, {104, 4, {}, {}}},
+                      pressostatiDi("PA"), false, segnato, [](const QString&) { return false; });
+    QCOMPARE(descrivi(gemelli.errori), "4(0) Equipaggio NON Iscritto");
 }
 
 QTEST_GUILESS_MAIN(tst_Assegnazione)

@@ -1,21 +1,18 @@
 #include "supporto/BancoScarico.h"
-#include "supporto/ProvaFinestre.h"
 
 // What goes wrong on the line of a download: each time the operator reads why, the window can be used again
 // and what the archive holds is untouched.
-class tst_GuastiOFFLINE final : public QObject {
+class tst_GuastiOFFLINE final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void interrotta_data();
     void interrotta();
     void archivioGuasto();
-    void raffica();
 
 private:
-    DialoghiDiProva& dialoghi() { return m_gara->programma.dialoghi; }
+    void prepara() override;
+    void chiudi() override;
     void attendiManche(const QString& risposta) { dialoghi().attendiChiedi({}, {}, risposta); }
     void attendiFine(int validi) {
         dialoghi().attendiMessaggio(
@@ -43,7 +40,6 @@ private:
 
 namespace {
 
-constexpr qsizetype Megabyte = 1 << 20;
 const QString AttesaDati = "ATTESA DATI\nDA TAG CP 520";
 const QString AttesaRisposta = "ATTESA RISPOSTA\nDA TAG CP540";
 const QString Collegata = "Collegamento Stabilito\nCon TAG CP540\nNumero di Serie : 04711";
@@ -51,12 +47,12 @@ const QString Ricezione = "RICEZIONE\nIN CORSO";
 
 }  // namespace
 
-void tst_GuastiOFFLINE::init() {
+void tst_GuastiOFFLINE::prepara() {
     m_gara = std::make_unique<Gara>();
     scriviRilevamento(m_gara->equipaggi[0], m_gara->pa1, "08:00:00:00", "08:01:00:00");
 }
 
-void tst_GuastiOFFLINE::cleanup() {
+void tst_GuastiOFFLINE::chiudi() {
     QCOMPARE(Gara::rilevamentiScritti(), 1);
     m_banco.reset();
     m_tag.reset();
@@ -93,7 +89,6 @@ void tst_GuastiOFFLINE::portaA(const QString& stato) {
     QVERIFY(!m_banco->ferma());
     for (const char* bloccato : {"lstPre", "chkNumero", "cboChrono", "cboPortaCOM", "grTempi", "cmdSalva"})
         QVERIFY(!m_banco->trova(bloccato)->isEnabled());
-    QVERIFY(dialoghi().finite());
 }
 
 void tst_GuastiOFFLINE::ricominciabile() {
@@ -113,7 +108,6 @@ void tst_GuastiOFFLINE::ricominciabile() {
     if (m_dispositivo == Dispositivo::CP520)
         m_tag->trasmetti();
     QTRY_VERIFY(m_banco->ferma());
-    QVERIFY(dialoghi().finite());
     QCOMPARE(m_banco->griglia("grTempi").size(), 2);
 }
 
@@ -132,18 +126,14 @@ void tst_GuastiOFFLINE::interrotta_data() {
             QTest::addRow("%s, %s", nome, come) << dispositivo << stato << come;
     }
     for (const auto dispositivo : {cp520, cp540}) {
-        QTest::addRow("missing, %d", int(dispositivo)) << dispositivo << "missing"
-                                                       << "missing";
-        QTest::addRow("in use, %d", int(dispositivo)) << dispositivo << "in use"
-                                                      << "in use";
+        for (const QString come : {"missing", "in use"})
+            QTest::addRow("%s, %d", qPrintable(come), int(dispositivo)) << dispositivo << come << come;
     }
     QTest::newRow("no answer to the identity") << cp540 << AttesaRisposta << "no answer";
     QTest::newRow("no answer to the heat") << cp540 << Collegata << "no answer";
     // What never ends, for no watchdog runs any more: only the operator stops it.
-    QTest::newRow("silent after AK C") << cp540 << "silent"
-                                       << "stop";
-    QTest::newRow("end of another heat") << cp540 << "other heat"
-                                         << "stop";
+    for (const char* stato : {"silent", "other heat"})
+        QTest::newRow(stato) << cp540 << stato << QString("stop");
 }
 
 // The operator stops it, or closes the window, or the line goes away: nothing is left of it.
@@ -182,7 +172,7 @@ void tst_GuastiOFFLINE::interrotta() {
     } else if (come == "close") {
         QTest::keyClick(&m_banco->finestra, Qt::Key_Escape);
         QVERIFY(!m_banco->finestra.isVisible());
-        QCOMPARE(m_gara->programma.impostazioni.valori.value("com/offline"), "2");
+        QCOMPARE(m_programma->impostazioni.valori.value("com/offline"), "2");
         m_banco->finestra.show();
     } else if (come == "delete") {
         m_banco.reset();
@@ -200,7 +190,6 @@ void tst_GuastiOFFLINE::interrotta() {
         QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
         m_gara->linea.attacca();
     }
-    QVERIFY(dialoghi().finite());
     QCOMPARE(contaRighe("TempRil"), 0);
     ricominciabile();
 }
@@ -209,12 +198,11 @@ void tst_GuastiOFFLINE::interrotta() {
 // all or nothing, and the window goes on.
 void tst_GuastiOFFLINE::archivioGuasto() {
     avvia(Dispositivo::CP520);
-    const auto rifiuta = [this](const QString& tabella, const std::function<void()>& azione) {
-        esegui("CREATE TRIGGER guasto BEFORE " + tabella + " BEGIN SELECT RAISE(ABORT,'disco guasto'); END");
+    const auto rifiuta = [this](const QString& cambiamento, const std::function<void()>& azione) {
+        guasta(cambiamento);
         dialoghi().attendiMessaggio({}, {}, Icona::Stop);
         azione();
         QVERIFY(dialoghi().viste().last().testo.contains("disco guasto"));
-        QVERIFY(dialoghi().finite());
         esegui("DROP TRIGGER guasto");
     };
     rifiuta("INSERT ON TempRil WHEN NEW.Num=2", [this] {
@@ -233,22 +221,6 @@ void tst_GuastiOFFLINE::archivioGuasto() {
     m_banco->premi("cmdSalva");
     QCOMPARE(Gara::rilevamentiScritti(), 3);
     esegui("UPDATE Rilevamenti SET TArr='' WHERE TPar=''");  // as cleanup() wants to find it
-}
-
-// A megabyte at once, half of it noise: the first times of each crew are kept.
-void tst_GuastiOFFLINE::raffica() {
-    avvia(Dispositivo::CP520);
-    AtteseLinea.silenzioCP520 = 500;
-    const QByteArray righe = SimulatoreTag::rigaMemoria(Dispositivo::CP520, 1, QTime(9, 0)) +
-                             SimulatoreTag::rigaMemoria(Dispositivo::CP520, 8, QTime(9, 1));
-    const QByteArray dati = righe.repeated(Megabyte / 2 / righe.size());
-    attendiFine(1);
-    m_banco->premi("cmdIniziaRicezione");
-    m_tag->invia(dati + QByteArray(Megabyte / 2, 'T'));
-    QTRY_VERIFY_WITH_TIMEOUT(m_banco->ferma(), 60000);
-    QVERIFY(dialoghi().finite());
-    QCOMPARE(m_banco->griglia("grTempi"), QStringList({"1/ROSSI BIANCHI/Partenza//09:00:00:00"}));
-    QCOMPARE(m_banco->trova<QTableView>("grScartati")->model()->rowCount(), dati.size() / 31 - 1);
 }
 
 PROVA_FINESTRE(tst_GuastiOFFLINE)

@@ -1,20 +1,13 @@
 #pragma once
 
 #include "entries/frmModuloIscrizioni.h"
-#include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <memory>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeWidget>
 
 // The entry form of an event with two tests, and hands to work it with.
-class ModuloDiProva {
+class ModuloDiProva : public ProvaConProgramma {
 protected:
     static constexpr char Impossibile[] = "Impossbile Salvare";
     static constexpr char Assegnato[] = "Numero Già Assegnato";
@@ -24,29 +17,24 @@ protected:
     static constexpr const char* Uscite[] = {"cmdPrimo", "cmdPrecedente", "cmdSuccessivo", "cmdUltimo",
                                              "cmdNuovo", "cmdEsci",       "list"};
 
-    void comincia() {
-        m_programma = std::make_unique<ProgrammaDiProva>();
+    void prepara() override {
         nuovaManifestazione();
         nuovaProva();
         nuovaProva({{"Tip", "CO"}, {"Svo", 0}});
     }
 
-    void finisci() {
-        QVERIFY(m_programma->dialoghi.finite());
-        m_finestra.reset();
-        m_programma.reset();
-    }
+    void chiudi() override { m_finestra.reset(); }
 
     template <typename Controllo>
     Controllo* trova(const char* nome) {
-        return m_finestra->findChild<Controllo*>(QString(nome));
+        return controllo<Controllo>(*m_finestra, nome);
     }
     QLineEdit* box(const char* nome) { return trova<QLineEdit>(nome); }
     QComboBox* combo(const char* nome) { return trova<QComboBox>(nome); }
     QTreeWidget* lista() { return trova<QTreeWidget>("lstEq"); }
     QString testo(const char* nome) { return box(nome)->text(); }
     int rigaScelta() { return lista()->currentIndex().row(); }
-    void clic(const char* nome) { QTest::mouseClick(trova<QPushButton>(nome), Qt::LeftButton); }
+    void clic(const char* nome) { premi(*m_finestra, nome); }
     void esci(const char* uscita, int riga = 0) {
         qstrcmp(uscita, "list") == 0 ? clicRiga(riga) : clic(uscita);
     }
@@ -56,8 +44,7 @@ protected:
 
     void apri() {
         m_finestra = std::make_unique<frmModuloIscrizioni>();
-        m_finestra->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_finestra.get()));
+        ::mostra(*m_finestra);
     }
 
     // 3 VERDI, 12 BRUNI, 20 ABATE.
@@ -68,39 +55,10 @@ protected:
         apri();
     }
 
-    void clicRiga(int riga) {
-        QTest::mouseClick(lista()->viewport(), Qt::LeftButton, {},
-                          lista()->visualItemRect(lista()->topLevelItem(riga)).center());
-    }
-
-    void clicTestata(int colonna) {
-        QHeaderView* testata = lista()->header();
-        QTest::mouseClick(testata->viewport(), Qt::LeftButton, {},
-                          QPoint(testata->sectionViewportPosition(colonna) + 10, testata->height() / 2));
-    }
-
-    void scrivi(const char* nome, const QString& testo) {
-        box(nome)->setFocus();
-        box(nome)->selectAll();
-        QTest::keyClick(box(nome), Qt::Key_Delete);
-        QTest::keyClicks(box(nome), testo);
-    }
-
-    // "txtTel=333;cboSes=F;chkEsc=SI" against what the controls show.
-    void confronta(const QString& attesi) {
-        QStringList trovati;
-        for (const QString& voce : attesi.split(';')) {
-            const QString nome = voce.section('=', 0, 0);
-            const auto* quale = m_finestra->findChild<QWidget*>(nome);
-            const bool spunta = nome.startsWith("chk");
-            const char* proprieta = spunta                   ? "checked"
-                                    : nome.startsWith("cbo") ? "currentText"
-                                                             : "displayText";
-            const QVariant valore = quale->property(proprieta);
-            trovati << nome + '=' + (spunta ? QString(valore.toBool() ? "SI" : "NO") : valore.toString());
-        }
-        QCOMPARE(trovati.join(';'), attesi);
-    }
+    void clicRiga(int riga) { ::clicRiga(lista(), riga); }
+    void clicTestata(int colonna) { ::clicTestata(lista()->header(), colonna); }
+    void scrivi(const char* nome, const QString& testo) { ::scrivi(*m_finestra, nome, testo); }
+    void confronta(const QString& attesi) { ::confronta(*m_finestra, attesi); }
 
     // Whether a new crew is being typed; every control must agree on it.
     bool inserimento() {
@@ -127,6 +85,5 @@ protected:
         return testi;
     }
 
-    std::unique_ptr<ProgrammaDiProva> m_programma;
     std::unique_ptr<frmModuloIscrizioni> m_finestra;
 };

@@ -1,15 +1,10 @@
 #include "entries/frmRicercaAnagrafica.h"
 #include "ModuloDiProva.h"
 
-#include <QClipboard>
-#include <QTimer>
-
-class tst_CampiModulo final : public QObject, private ModuloDiProva {
+class tst_CampiModulo final : public ModuloDiProva {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { comincia(); }
-    void cleanup() { finisci(); }
     void anno();
     void gruppoAutomatico();
     void date();
@@ -63,8 +58,6 @@ void tst_CampiModulo::gruppoAutomatico() {
     QCOMPARE(lascia("2016"), QString("Modern"));
     attendi(AnnoErrato, "Anno NON Valido. Controllare.");
     QCOMPARE(lascia("1849"), QString("Antiche"));
-    attendi(AnnoErrato, "Anno NON Valido. Controllare.");
-    QCOMPARE(lascia("2017"), QString("Modern"));
     QVERIFY(m_programma->dialoghi.finite());
     QCOMPARE(lascia(""), QString());
     // Still in the year when the crew is stored; and one whose year is in no group.
@@ -116,17 +109,13 @@ void tst_CampiModulo::copia() {
     nuovoEquipaggio(5, {{"DatNas", "1950-02-01"}, {"Not", "mia"}, {"Ses", "M"}});
     apri();
     const auto scegli = [this](bool scelta) {
-        QTimer::singleShot(0, m_finestra.get(), [scelta] {
-            auto* ricerca = qobject_cast<frmRicercaAnagrafica*>(QApplication::activeModalWidget());
-            QVERIFY(ricerca);
-            QTest::keyClicks(ricerca->findChild<QLineEdit*>("txtRic"), "zol");
-            auto* trovati = ricerca->findChild<QTreeWidget*>("lstEqu");
-            QCOMPARE(trovati->topLevelItemCount(), 1);
-            trovati->setCurrentItem(trovati->topLevelItem(0));
-            QTest::mouseClick(ricerca->findChild<QPushButton*>(scelta ? "cmdSeleziona" : "cmdAnnulla"),
-                              Qt::LeftButton);
-        });
-        clic("cmdRic");
+        inModale<frmRicercaAnagrafica>([this] { clic("cmdRic"); },
+                                       [scelta](frmRicercaAnagrafica& ricerca) {
+                                           ::scrivi(ricerca, "txtRic", "zol");
+                                           auto* trovati = controllo<QTreeWidget>(ricerca, "lstEqu");
+                                           trovati->setCurrentItem(trovati->topLevelItem(0));
+                                           premi(ricerca, scelta ? "cmdSeleziona" : "cmdAnnulla");
+                                       });
         QCOMPARE(IDEqu, 0);
         m_finestra->activateWindow();  // which the offscreen platform does not do by itself
         QVERIFY(QTest::qWaitForWindowActive(m_finestra.get()));
@@ -147,29 +136,16 @@ void tst_CampiModulo::filtri() {
     for (const char* nome : {"txtAnn", "txtCap", "txtCil", "txtNum"}) {
         QTest::keyClicks(box(nome), "1a9-,");
         QCOMPARE(testo(nome), QString("19"));
-        QApplication::clipboard()->setText(" x5 0");
-        box(nome)->paste();
-        QCOMPARE(testo(nome), QString("1950"));
     }
 }
 
 void tst_CampiModulo::completamento() {
-    const QStringList complete =
-        QString("CAP Cit Clu Cog CogNav Com Mar Mod MotEsc Nom NomNav Not Pro RilDa").split(u' ');
-    QVariantMap valori;
-    for (const ColonnaEquipaggio& colonna : colonneEquipaggio()) {
-        if (colonna.tipo == TipoDato::Testo)
-            valori[colonna.nome] = "7bello";
-    }
-    nuovoEquipaggio(1, valori);
+    nuovoEquipaggio(1, {{"Cog", "7bello"}, {"MotEsc", "7bello"}, {"Tel", "7bello"}, {"Tar", "7bello"}});
     nuovaManifestazione();  // values of all events complete
     apri();
-    for (const ColonnaEquipaggio& colonna : colonneEquipaggio()) {
-        if (colonna.tipo != TipoDato::Testo)
-            continue;
-        QTest::keyClicks(box(colonna.controllo), "7");
-        QCOMPARE(testo(colonna.controllo), QString(complete.contains(colonna.nome) ? "7BELLO" : "7"));
-    }
+    for (const char* nome : {"txtCog", "txtMotEsc", "txtTel", "txtTar"})
+        QTest::keyClicks(box(nome), "7");
+    confronta("txtCog=7BELLO;txtMotEsc=7BELLO;txtTel=7;txtTar=7");
 }
 
 void tst_CampiModulo::rotella() {

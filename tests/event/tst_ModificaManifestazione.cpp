@@ -5,40 +5,16 @@
 #include "event/frmModificaSquadra.h"
 #include "event/frmProveSvolte.h"
 #include "event/Guida.h"
-#include "supporto/ProgrammaDiProva.h"
-#include "supporto/ProvaFinestre.h"
 
 #include <QSignalSpy>
 
 namespace {
-
-void mostra(QWidget* finestra) {
-    finestra->show();
-    QVERIFY(QTest::qWaitForWindowActive(finestra));
-}
 
 // A window on a stored row, or on a new one for key 0.
 template <typename Modifica>
 void riapri(Modifica& finestra, int chiave) {
     finestra.carica(chiave);
     mostra(&finestra);
-}
-
-// Opens a child by a gesture and runs the steps on it; whatever is left open is closed.
-template <typename Figlia, typename Gesto, typename Passi>
-void nellaFiglia(Gesto gesto, Passi passi) {
-    bool aperta = false;
-    QTimer::singleShot(0, qApp, [&] {
-        auto* figlia = qobject_cast<Figlia*>(QApplication::activeModalWidget());
-        aperta = figlia != nullptr;
-        if (!aperta)
-            return;
-        passi(figlia);
-        if (figlia->isVisible())
-            figlia->done(QDialog::Rejected);
-    });
-    gesto();
-    QVERIFY(aperta);
 }
 
 // "PenMax=300;DatVer=" as columns, Null where nothing follows.
@@ -55,12 +31,12 @@ int conA(int idPro) {
 
 }  // namespace
 
-class tst_ModificaManifestazione final : public QObject {
+class tst_ModificaManifestazione final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
     void caricaESalva();
-    void senzaNome();
+    void valoriEstranei();
     void elenchiEFiglie();
     void gruppo();
     void squadra();
@@ -70,22 +46,19 @@ private Q_SLOTS:
 
 private:
     // A deletion is asked about, may be declined, and says that it is done.
-    static void elimina(ProgrammaDiProva& programma, QWidget* finestra, const QString& tabella,
-                        const QString& domanda, const QString& fatto) {
+    void elimina(QWidget* finestra, const QString& tabella, const QString& domanda, const QString& fatto) {
         const int prima = contaRighe(tabella);
-        programma.dialoghi.attendiDomanda("Eliminare ?", domanda, false);
+        dialoghi().attendiDomanda("Eliminare ?", domanda, false);
         premi(finestra, "cmdEli");
         QCOMPARE(contaRighe(tabella), prima);
-        programma.dialoghi.attendiDomanda("Eliminare ?", domanda, true);
-        programma.dialoghi.attendiAvviso(fatto);
+        dialoghi().attendiDomanda("Eliminare ?", domanda, true);
+        dialoghi().attendiAvviso(fatto);
         premi(finestra, "cmdEli");
-        QVERIFY(programma.dialoghi.finite());
         QCOMPARE(contaRighe(tabella), prima - 1);
     }
 };
 
 void tst_ModificaManifestazione::caricaESalva() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovaProva({{"Tip", "CO"}});
     const int diAltra = nuovaProva({{"Tip", "CO"}, {"ConA", 1}});
@@ -100,74 +73,60 @@ void tst_ModificaManifestazione::caricaESalva() {
         frmModificaManifestazione finestra;
         const QSignalSpy modificata(&finestra, &frmModificaManifestazione::manifestazioneModificata);
         mostra(&finestra);
-        QCOMPARE(finestra.windowTitle(), QString("Modifica Manifestazione"));
-        confronta(&finestra,
-                  "txtNom=Coppa delle Colline;DaDat=13/06/2026;DatVer=//;txtMaxPen=300;txtMaxPenNoASI=600;"
-                  "txtNumFatNoASI=2,5;txtPenProNonSvo=750;txtPenUniPANoASI=9;cboPrePA=CENTESIMO;cboPrePM=;"
-                  "cboPreCO=MINUTO;"
-                  "optCOPar=NO;lblPenUniPA=Penalità per Ogni CENTESIMO nelle P.A. : ;"
-                  "lblPenUniCO=Penalità per Ogni MINUTO nei C.O. : ");
+        confronta(
+            &finestra,
+            "txtNom=Coppa delle Colline;DaDat=13/06/2026;DatVer=__/__/____;txtMaxPen=300;txtMaxPenNoASI=600;"
+            "txtNumFatNoASI=2,5;txtPenProNonSvo=750;txtPenUniPANoASI=9;cboPrePA=CENTESIMO;cboPrePM=;"
+            "cboPreCO=MINUTO;optCOPar=NO;lblPenUniPA=Penalità per Ogni CENTESIMO nelle P.A. : ;"
+            "lblPenUniCO=Penalità per Ogni MINUTO nei C.O. : ");
         QVERIFY(controllo(&finestra, "txtMaxPenNoASI")->isVisible());
         compila(&finestra,
                 "txtNom=Coppa Nuova;cboMaxPen=NO;cboPenProNonSvo=NO;cboFatNoASI=NO;chkOpzASI_NONASI=NO;"
                 "cboPrePM=DECIMO;optCOPar=SI");
         confronta(&finestra, "lblPenUniPM=Penalità per Ogni DECIMO nelle P.M.I. : ");
         QCOMPARE(catene(), (QList<int>{1, primo, secondo}));
-        if (salva)
-            programma.dialoghi.attendiAvviso("Manifestazione Modificata");
+        if (salva) {
+            compila(&finestra, "ADat=40/01/2026");
+            premi(&finestra, "cmdSalva");  // the date holds it
+            QVERIFY(finestra.isVisible());
+            compila(&finestra, "ADat=20/06/2026");
+            dialoghi().attendiAvviso("Manifestazione Modificata");
+        }
         premi(&finestra, salva ? "cmdSalva" : "cmdAnnulla");
-        QVERIFY(programma.dialoghi.finite());
         QVERIFY(!finestra.isVisible());
         QCOMPARE(modificata.size(), salva ? 1 : 0);
         if (salva)
             QCOMPARE(modificata[0][0].toString(), QString("Coppa Nuova"));
     }
-    QCOMPARE(contaRighe(
-                 "Manifestazioni",
-                 QString("IDMan=%1 AND Nom='Coppa Nuova' AND PenMaxAtt=0 AND PenMax=0 AND "
-                         "PenProNonSvo=0 AND NumPenProNonSvo=0 AND FatNoASI=0 AND NumFatNoASI=0 AND "
-                         "ASIeNONASI=0 AND PrePANoASI='DEC' AND PenUniPANoASI=9 AND PenMaxNoASI=600 "
-                         "AND PrePM='DEC' AND PreCO='MIN' AND TipoCO='PAR' AND DatVer IS NULL AND RagAuto=0")
-                     .arg(id)),
-             1);
+    QCOMPARE(
+        contaRighe(
+            "Manifestazioni",
+            QString("IDMan=%1 AND Nom='Coppa Nuova' AND ADat='20/06/2026' AND PenMaxAtt=0 AND PenMax=0 AND "
+                    "PenProNonSvo=0 AND NumPenProNonSvo=0 AND FatNoASI=0 AND NumFatNoASI=0 AND "
+                    "ASIeNONASI=0 AND PrePANoASI='DEC' AND PenUniPANoASI=9 AND PenMaxNoASI=600 "
+                    "AND PrePM='DEC' AND PreCO='MIN' AND TipoCO='PAR' AND DatVer IS NULL AND RagAuto=0")
+                .arg(id)),
+        1);
     // Only this event's time controls lose their chains.
     QCOMPARE(catene(), (QList<int>{1, 0, secondo}));
 }
 
-void tst_ModificaManifestazione::senzaNome() {
-    ProgrammaDiProva programma;
-    // Longer than a field, a foreign word: shown whole, and written back as they were.
+// Longer than a field, a foreign word: shown whole, and written back as they were.
+void tst_ModificaManifestazione::valoriEstranei() {
     nuovaManifestazione(
         {{"Nom", QString(300, 'x')}, {"PenUniPA", Q_INT64_C(12345678901)}, {"PrePM", "ORA"}, {"Clu", ""}});
-    const QString comEra = "length(Nom)=300 AND PenUniPA=12345678901 AND PrePM='ORA' AND Clu";
-    for (const char* clu : {"", "Ruote"}) {
-        frmModificaManifestazione finestra;
-        mostra(&finestra);
-        confronta(&finestra, "txtPenUniPA=12345678901;cboPrePM=");
-        compila(&finestra, QString("txtClu=") + clu);
-        // Esc does not throw away what was changed.
-        QTest::keyClick(&finestra, Qt::Key_Escape);
-        QCOMPARE(finestra.isVisible(), *clu != 0);
-        if (*clu) {
-            programma.dialoghi.attendiAvviso("Manifestazione Modificata");
-            premi(&finestra, "cmdSalva");
-            QCOMPARE(contaRighe("Manifestazioni", comEra + "='Ruote'"), 1);
-        }
-    }
     frmModificaManifestazione finestra;
     mostra(&finestra);
-    compila(&finestra, "txtNom=;ADat=40/01/2026");
-    premi(&finestra, "cmdSalva");  // the date holds it
-    QVERIFY(finestra.isVisible());
-    compila(&finestra, "ADat=20/06/2026");
-    programma.dialoghi.attendiAvviso("Manifestazione Modificata");
+    confronta(&finestra, "txtPenUniPA=12345678901;cboPrePM=");
+    compila(&finestra, "txtClu=Ruote");
+    dialoghi().attendiAvviso("Manifestazione Modificata");
     premi(&finestra, "cmdSalva");
-    QCOMPARE(contaRighe("Manifestazioni", "Nom='' AND ADat='20/06/2026'"), 1);
-    QVERIFY(programma.dialoghi.finite());
+    QCOMPARE(contaRighe("Manifestazioni",
+                        "length(Nom)=300 AND PenUniPA=12345678901 AND PrePM='ORA' AND Clu='Ruote'"),
+             1);
 }
 
 void tst_ModificaManifestazione::elenchiEFiglie() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     const int prima = nuovaProva({{"Nom", "Uno"}});
     nuovaProva({{"Nom", "Due"}, {"ConA", prima}});
@@ -177,16 +136,16 @@ void tst_ModificaManifestazione::elenchiEFiglie() {
     confronta(
         &finestra,
         QString("lstProve 0 0=%1;lstProve 0 6=NO;lstProve 1 6=SI;lstRag 0 1=1,5;lstRag 0 2=").arg(prima));
-    programma.dialoghi.attendiMessaggio("Impossibile Attivare l'Opzione",
-                                        "Sono Stati Già Inseriti dei Raggruppamenti Senza Anni.\n"
-                                        "Inserire Tutti gli Anni Mancanti e Quindi Atrivare l'Opzione");
+    dialoghi().attendiMessaggio("Impossibile Attivare l'Opzione",
+                                "Sono Stati Già Inseriti dei Raggruppamenti Senza Anni.\n"
+                                "Inserire Tutti gli Anni Mancanti e Quindi Atrivare l'Opzione");
     compila(&finestra, "chkRagAuto=SI");
     confronta(&finestra, "chkRagAuto=NO");
     // A double click on a row, and on none.
     for (const int riga : {0, -1}) {
-        nellaFiglia<frmModificaGruppo>(
+        inModale<frmModificaGruppo>(
             [&] { doppioClic(&finestra, "lstRag", riga); },
-            [&](QDialog* figlia) {
+            [&](QDialog& figlia) {
                 confronta(figlia, riga == 0 ? QString("lblIDRag=%1;txtFat=1,5").arg(gruppo)
                                             : QString("lblIDRag=0;txtFat="));
                 abilitati(figlia, "cmdMod cmdEli", riga == 0);
@@ -195,54 +154,42 @@ void tst_ModificaManifestazione::elenchiEFiglie() {
                          controllo<QPushButton>(figlia, riga == 0 ? "cmdMod" : "cmdAgg"));
             });
     }
-    // By keyboard: Enter opens the row, Ins adds; what the child wrote is in the list when it has closed.
-    auto* prove = controllo<Elenco>(&finestra, "lstProve");
-    prove->setFocus();
-    prove->scegli(1);
-    nellaFiglia<frmModificaProva>([&] { QTest::keyClick(prove, Qt::Key_Return); },
-                                  [&](QDialog* figlia) { confronta(figlia, "txtNom=Due"); });
+    // What the child wrote is in the list when it has closed.
     auto* squadre = controllo<Elenco>(&finestra, "lstSqu");
-    programma.dialoghi.attendiAvviso("Squadra Aggiunta");
-    nellaFiglia<frmModificaSquadra>([&] { QTest::keyClick(squadre, Qt::Key_Insert); },
-                                    [&](QDialog* figlia) {
-                                        compila(figlia, "txtNom=Scuderia");
-                                        premi(figlia, "cmdAgg");
-                                    });
+    dialoghi().attendiAvviso("Squadra Aggiunta");
+    inModale<frmModificaSquadra>([&] { QTest::keyClick(squadre, Qt::Key_Insert); },
+                                 [&](QDialog& figlia) {
+                                     compila(figlia, "txtNom=Scuderia");
+                                     premi(figlia, "cmdAgg");
+                                 });
     QCOMPARE(squadre->topLevelItemCount(), 1);
     premi(&finestra, "cmdAnnulla");
     QCOMPARE(contaRighe("Squadre"), 1);
-    QVERIFY(programma.dialoghi.finite());
 }
 
 void tst_ModificaManifestazione::gruppo() {
-    ProgrammaDiProva programma;
     nuovaManifestazione({{"RagAuto", 1}});
     nuovoEquipaggio(1, {{"Ann", 1938}});
     const auto gruppoDelloEquipaggio = [] { return leggiValore("SELECT IDGru_FK FROM Equipaggi")->toInt(); };
     frmModificaGruppo finestra;
     mostra(&finestra);
-    compila(&finestra, "txtNom=A;txtFat=1");
-    programma.dialoghi.attendiMessaggio("Anni Mancanti", QString());
+    compila(&finestra, "txtNom=A;txtFat=1,25;txtDaAnn=1931;txtAAnn=1945");
+    dialoghi().attendiAvviso("Raggruppamento Aggiunto");
     premi(&finestra, "cmdAgg");
-    compila(&finestra, "txtDaAnn=1931;txtAAnn=1945");
-    programma.dialoghi.attendiAvviso("Raggruppamento Aggiunto");
-    premi(&finestra, "cmdAgg");
-    QVERIFY(programma.dialoghi.finite());
     const int id = gruppoDelloEquipaggio();
-    QVERIFY(id != 0);
-
+    QCOMPARE(contaRighe("Raggruppamenti", "Nom='A' AND Fat=1.25 AND DAAnn=1931 AND AAnn=1945"), 1);
     riapri(finestra, id);
     compila(&finestra, "txtNom=");
-    programma.dialoghi.attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome del Raggruppamento",
-                                        Icona::Stop);
+    dialoghi().attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome del Raggruppamento", Icona::Stop);
     premi(&finestra, "cmdMod");
     compila(&finestra, "txtNom=B;txtDaAnn=1940");
-    programma.dialoghi.attendiAvviso("Raggruppamento Modificato");
+    dialoghi().attendiAvviso("Raggruppamento Modificato");
     premi(&finestra, "cmdMod");
     QCOMPARE(gruppoDelloEquipaggio(), 0);
     riapri(finestra, id);
-    elimina(programma, &finestra, "Raggruppamenti", "Eliminare il Raggruppamento ?",
-            "Raggruppamento Eliminato");
+    confronta(&finestra, "txtFat=1,25");
+    esegui("UPDATE Equipaggi SET IDGru_FK=?", {id});
+    elimina(&finestra, "Raggruppamenti", "Eliminare il Raggruppamento ?", "Raggruppamento Eliminato");
 
     const int vecchio = inserisciRiga("Raggruppamenti", {{"IDMan_FK", IDMan},
                                                          {"Nom", QString(300, 'x')},
@@ -250,53 +197,47 @@ void tst_ModificaManifestazione::gruppo() {
                                                          {"DAAnn", 1900},
                                                          {"AAnn", 19999}});
     riapri(finestra, vecchio);
-    programma.dialoghi.attendiAvviso("Raggruppamento Modificato");
+    dialoghi().attendiAvviso("Raggruppamento Modificato");
     premi(&finestra, "cmdMod");
     QCOMPARE(contaRighe("Raggruppamenti", "length(Nom)=300 AND Fat=1.0/3 AND AAnn=19999"), 1);
     riapri(finestra, 0);
     for (const bool si : {false, true}) {
         QCOMPARE(contaRighe("Raggruppamenti"), 1);
-        programma.dialoghi.attendiDomanda("Conferma Raggruppamenti Standard ASI",
-                                          "Inserendo I Raggruppamenti Standard ASI\n"
-                                          "i Raggruppamenti Già Inseriti Saranno Eliminati\n"
-                                          "Confermare ?",
-                                          si);
+        dialoghi().attendiDomanda("Conferma Raggruppamenti Standard ASI",
+                                  "Inserendo I Raggruppamenti Standard ASI\n"
+                                  "i Raggruppamenti Già Inseriti Saranno Eliminati\n"
+                                  "Confermare ?",
+                                  si);
         if (si)
-            programma.dialoghi.attendiAvviso("Raggruppamenti Modificati");
+            dialoghi().attendiAvviso("Raggruppamenti Modificati");
         premi(&finestra, "cmdRaggruppamentiASI");
     }
-    QVERIFY(programma.dialoghi.finite());
-    QCOMPARE(contaRighe("Raggruppamenti"), 7);
     QCOMPARE(contaRighe("Equipaggi e JOIN Raggruppamenti g ON g.IDGru=e.IDGru_FK", "g.Nom='Post Vintage'"),
              1);
 }
 
 void tst_ModificaManifestazione::squadra() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     inserisciRiga("Squadre", {{"IDMan_FK", IDMan}, {"Nom", "Uno"}});
     const int id = inserisciRiga("Squadre", {{"IDMan_FK", IDMan}, {"Nom", "Uno"}});
     nuovoEquipaggio(1, {{"IDSqu_FK", id}});
     frmModificaSquadra finestra;
     mostra(&finestra);
-    programma.dialoghi.attendiMessaggio("Impossbile Aggiungere", "Inserire il Nome della Squadra");
-    premi(&finestra, "cmdAgg");
     finestra.carica(id);
     compila(&finestra, "txtNom=");
-    programma.dialoghi.attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome della Squadra");
+    dialoghi().attendiMessaggio("Impossibile Aggiungere", "Inserire il Nome della Squadra");
     premi(&finestra, "cmdMod");
     compila(&finestra, "txtNom=Dell'Est");
-    programma.dialoghi.attendiAvviso("Squadra Modificata");
+    dialoghi().attendiAvviso("Squadra Modificata");
     premi(&finestra, "cmdMod");
     QCOMPARE(contaRighe("Squadre", QString("IDSqu=%1 AND Nom='Dell''Est'").arg(id)), 1);
     QCOMPARE(contaRighe("Squadre", "Nom='Uno'"), 1);
     riapri(finestra, id);
-    elimina(programma, &finestra, "Squadre", "Eliminare la Squadra ?", "Squadra Eliminata");
+    elimina(&finestra, "Squadre", "Eliminare la Squadra ?", "Squadra Eliminata");
     QCOMPARE(contaRighe("Equipaggi", "IDSqu_FK=0"), 1);
 }
 
 void tst_ModificaManifestazione::prova() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovoEquipaggio(1);
     nuovoEquipaggio(2);
@@ -305,12 +246,8 @@ void tst_ModificaManifestazione::prova() {
     mostra(&finestra);
     abilitati(&finestra, "cmdMod cmdEli", false);
     confronta(&finestra, "Dat=13/06/2026");
-    compila(&finestra, "cboPro=CO;cboCon=SI;txtTem=01:00:00");
-    programma.dialoghi.attendiMessaggio(
-        "Impossibile Aggiungere", "Il Primo CO non può Essere\nConcatenato con il Precedente", Icona::Stop);
-    premi(&finestra, "cmdAgg");
-    compila(&finestra, "cboPro=PM");
-    programma.dialoghi.attendiAvviso("Prova Aggiunta");
+    compila(&finestra, "cboPro=PM;cboCon=SI;txtTem=01:00:00");
+    dialoghi().attendiAvviso("Prova Aggiunta");
     premi(&finestra, "cmdAgg");
     const int seconda = leggiValore("SELECT max(IDPro) FROM Prove")->toInt();
     QCOMPARE(conA(seconda), prima);
@@ -318,24 +255,24 @@ void tst_ModificaManifestazione::prova() {
 
     riapri(finestra, seconda);
     confronta(&finestra, "cboCon=SI");
+    esegui("UPDATE Prove SET Svo=1");
     compila(&finestra, "txtNom=Collina;cboCon=NO");
-    programma.dialoghi.attendiAvviso("Prova Modificata");
+    dialoghi().attendiAvviso("Prova Modificata");
     premi(&finestra, "cmdMod");
-    QCOMPARE(contaRighe("Prove", "Nom='Collina' AND ConA=0 AND Tip='PM'"), 1);
-    QCOMPARE(contaRighe("Rilevamenti"), rilevamenti);
-
+    QCOMPARE(
+        contaRighe("Prove",
+                   "Nom='Collina' AND ConA=0 AND Tip='PM' AND Tem='01:00:00' AND Dat='13/06/2026' AND Svo=1"),
+        1);
     riapri(finestra, seconda);
     compila(&finestra, "txtNom=Altro");
-    elimina(programma, &finestra, "Prove", "Eliminare la Prova Collina ?", "Prova Eliminata");
+    elimina(&finestra, "Prove", "Eliminare la Prova Collina ?", "Prova Eliminata");
     QCOMPARE(contaRighe("Rilevamenti"), rilevamenti - 2);
     // The first cannot be chained; nor can a time control, when they are measured from the start.
     riapri(finestra, prima);
     compila(&finestra, "cboCon=SI");
-    programma.dialoghi.attendiMessaggio("Impossibile Aggiungere",
-                                        "La Prima Prova non può Essere\nConcatenata con la Precedente",
-                                        Icona::Stop);
+    dialoghi().attendiMessaggio("Impossibile Aggiungere",
+                                "La Prima Prova non può Essere\nConcatenata con la Precedente", Icona::Stop);
     premi(&finestra, "cmdMod");
-    QVERIFY(programma.dialoghi.finite());
     esegui("UPDATE Manifestazioni SET TipoCO='PAR'");
     frmModificaProva allaPartenza;
     riapri(allaPartenza, nuovaProva({{"Tip", "CO"}, {"ConA", prima}}));
@@ -346,15 +283,6 @@ void tst_ModificaManifestazione::prova() {
 }
 
 void tst_ModificaManifestazione::cambia() {
-    ProgrammaDiProva programma;
-    {
-        frmCambiaManifestazione vuota;
-        mostra(&vuota);
-        premi(&vuota, "cmdSeleziona");
-        QVERIFY(vuota.isVisible());
-        premi(&vuota, "cmdAnnulla");
-        QVERIFY(!vuota.isVisible());
-    }
     const int prima = nuovaManifestazione({{"Nom", "Prima"}});
     const int seconda = nuovaManifestazione({{"Nom", "Seconda"}, {"Loc", "Canelli"}});
     frmCambiaManifestazione finestra;
@@ -365,17 +293,14 @@ void tst_ModificaManifestazione::cambia() {
     premi(&finestra, "cmdSeleziona");
     QVERIFY(finestra.isVisible());
     QCOMPARE(IDMan, seconda);
-    programma.dialoghi.attendiAvviso("Manifestazione Selezionata");
+    dialoghi().attendiAvviso("Manifestazione Selezionata");
     doppioClic(&finestra, "lstMan", 1);
-    QVERIFY(programma.dialoghi.finite());
     QVERIFY(!finestra.isVisible());
     QCOMPARE(IDMan, prima);
-    QCOMPARE(programma.impostazioni.leggi("IDMan", "IDMan", ""), QString::number(prima));
     QCOMPARE(attivata[0][0].toString(), QString("Prima"));
 }
 
 void tst_ModificaManifestazione::proveSvolte() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovaProva({{"Nom", "Uno"}, {"Svo", 0}});
     nuovaProva({{"Nom", "Due"}, {"Svo", 1}});
@@ -391,13 +316,12 @@ void tst_ModificaManifestazione::proveSvolte() {
         QTest::keyClick(elenco, Qt::Key_Down);
         QTest::keyClick(elenco, Qt::Key_Space);
         if (salva)
-            programma.dialoghi.attendiAvviso("Prove Modificate");
+            dialoghi().attendiAvviso("Prove Modificate");
         premi(&finestra, salva ? "cmdOK" : "cmdAnnulla");
         QVERIFY(!finestra.isVisible());
         QCOMPARE(contaRighe("Prove", "Svo=1 AND Nom='Uno'"), salva ? 1 : 0);
         QCOMPARE(contaRighe("Prove", "Svo=1"), 1);
     }
-    QVERIFY(programma.dialoghi.finite());
 }
 
 PROVA_FINESTRE(tst_ModificaManifestazione)

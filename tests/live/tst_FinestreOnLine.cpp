@@ -5,29 +5,19 @@
 #include "live/frmSelezionaRXONLINE.h"
 #include "readings/ElencoEquipaggi.h"
 #include "readings/GrigliaRilevamenti.h"
-#include "supporto/ProvaFinestre.h"
+#include "supporto/BancoRilevamenti.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTableView>
-#include <QTimer>
-#include <QTreeWidget>
 
 // The windows of on-line reception, by their controls, with a chronometer and a scoreboard on the line.
-class tst_FinestreOnLine final : public QObject {
+class tst_FinestreOnLine final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void albero();
-    void catenaSulTabellone_data();
     void catenaSulTabellone();
     void rifiuti();
-    void interrotta_data();
     void interrotta();
     void archivioRifiuta();
     void tabelloneStaccato();
@@ -39,65 +29,29 @@ private Q_SLOTS:
     void classifica();
 
 private:
-    void prepara(Dispositivo dispositivo);
+    void prepara() override;
+    void chiudi() override;
     // Opens the reception of the current crew with cmdRX and runs `durante` while its window is on show.
     void ricevi(frmRicezioneONLINE& finestra, const std::function<void(frmRXONLINE&)>& durante);
-    [[nodiscard]] QString lettura(int prova) const;
+    [[nodiscard]] QString letture() const { return tempiDi(m_idEqu).join(' '); }
 
     std::unique_ptr<BancoOnLine> m_banco;
     QList<int> m_prove;  // a chain of three, then a test alone
     int m_idEqu = 0;
+    Dispositivo m_dispositivo = Dispositivo::CP520;
 };
 
 namespace {
-
-template <typename T>
-T* controllo(const QWidget& finestra, const char* nome) {
-    T* trovato = finestra.findChild<T*>(QString::fromLatin1(nome));
-    if (!trovato)
-        qFatal("no control %s", nome);
-    return trovato;
-}
-
-QString testo(const QWidget& finestra, const char* nome) {
-    return controllo<QLabel>(finestra, nome)->text();
-}
-
-void premi(const QWidget& finestra, const char* nome) {
-    QTest::mouseClick(controllo<QPushButton>(finestra, nome), Qt::LeftButton);
-}
 
 Catena catenaAttiva() {
     return elencaCatene(leggiProveCronometrate(IDMan)).first();
 }
 
-// Runs once a window of that class is the active one.
-template <typename T>
-void quandoAperta(QObject* contesto, const std::function<void(T&)>& azione) {
-    auto* attesa = new QTimer(contesto);
-    QObject::connect(attesa, &QTimer::timeout, contesto, [=] {
-        auto* finestra = qobject_cast<T*>(QApplication::activeModalWidget());
-        if (!finestra)
-            return;
-        attesa->stop();
-        attesa->deleteLater();
-        azione(*finestra);
-        if (finestra->isVisible())
-            finestra->done(QDialog::Rejected);  // a failed check must not leave it open
-    });
-    attesa->start(1);
-}
-
 }  // namespace
 
-void tst_FinestreOnLine::init() {
-    prepara(Dispositivo::CP520);
-}
-
-void tst_FinestreOnLine::prepara(Dispositivo dispositivo) {
+void tst_FinestreOnLine::prepara() {
     AtteseRicezione = {.errore = 60, .fineProva = 60, .totale = 60};
-    m_banco.reset();
-    m_banco = std::make_unique<BancoOnLine>(ProgrammaDiProva::Archivio::Aperto, dispositivo);
+    m_banco = std::make_unique<BancoOnLine>(m_dispositivo);
     nuovaManifestazione();
     m_prove.clear();
     for (int i = 1; i <= 4; ++i) {
@@ -110,8 +64,7 @@ void tst_FinestreOnLine::prepara(Dispositivo dispositivo) {
     nuovoEquipaggio(12, {{"Cog", "VERDI"}, {"CogNav", "NERI"}, {"Omo", ""}});
 }
 
-void tst_FinestreOnLine::cleanup() {
-    QVERIFY(m_banco->programma.dialoghi.finite());
+void tst_FinestreOnLine::chiudi() {
     m_banco.reset();
     AtteseRicezione = {};
 }
@@ -119,20 +72,8 @@ void tst_FinestreOnLine::cleanup() {
 void tst_FinestreOnLine::ricevi(frmRicezioneONLINE& finestra,
                                 const std::function<void(frmRXONLINE&)>& durante) {
     finestra.show();
-    bool aperta = false;
-    quandoAperta<frmRXONLINE>(this, [&](frmRXONLINE& ricezione) {
-        aperta = true;
-        durante(ricezione);
-    });
-    premi(finestra, "cmdRX");
-    QVERIFY(aperta);
+    inModale<frmRXONLINE>([&] { premi(finestra, "cmdRX"); }, durante);
     QVERIFY(!m_banco->linea.attaccato() || QTest::qWaitFor([&] { return !m_banco->linea.aperto(); }));
-}
-
-QString tst_FinestreOnLine::lettura(int prova) const {
-    Statement query("SELECT TPar,TArr FROM Rilevamenti WHERE IDEqu_FK=? AND IDPro_FK=?");
-    query.esegui({m_idEqu, m_prove[prova - 1]});
-    return query.prossima() ? query.testo(0) + '>' + query.testo(1) : "none";
 }
 
 // The tree shows heads and what is chained to them; a chained test stands for its head.
@@ -147,97 +88,86 @@ void tst_FinestreOnLine::albero() {
              QString("PA%1").arg(m_prove[2]));
 
     albero->setCurrentItem(albero->topLevelItem(0)->child(0));
-    QString scelta;
-    quandoAperta<frmRicezioneONLINE>(this, [&](frmRicezioneONLINE& ricezione) {
-        scelta = testo(ricezione, "lblPro");
-        premi(ricezione, "cmdEsci");
-    });
-    premi(finestra, "cmdSeleziona");
-    QCOMPARE(scelta, "Castello 1 00:01:00 - Castello 2 00:01:00 - Castello 3 00:01:00");
+    inModale<frmRicezioneONLINE>(
+        [&] { premi(finestra, "cmdSeleziona"); },
+        [](frmRicezioneONLINE& ricezione) {
+            confronta(ricezione, "lblPro=Castello 1 00:01:00 - Castello 2 00:01:00 - Castello 3 00:01:00");
+        });
 
     albero->clear();
-    m_banco->programma.dialoghi.attendiMessaggio("Impossibile Selezionare", "Selezionare una Prova");
+    dialoghi().attendiMessaggio("Impossibile Selezionare", "Selezionare una Prova");
     premi(finestra, "cmdSeleziona");
-}
-
-void tst_FinestreOnLine::catenaSulTabellone_data() {
-    QTest::addColumn<int>("dispositivo");
-    QTest::addColumn<int>("pezzo");
-    for (const int dispositivo : {0, 1}) {
-        for (const int pezzo : {0, 1, 7})
-            QTest::addRow("device %d by %d", dispositivo, pezzo) << dispositivo << pezzo;
-    }
 }
 
 // A crew runs a chain of three; everything that it and the public see, and what the archive holds.
 void tst_FinestreOnLine::catenaSulTabellone() {
-    QFETCH(int, dispositivo);
-    QFETCH(int, pezzo);
-    prepara(static_cast<Dispositivo>(dispositivo));
-    m_banco->programma.impostazioni.valori = {
-        {"com/online", "1"}, {"com/tabellone", "2"}, {"chrono/offline", QString::number(dispositivo)}};
-    m_banco->tag.spezza(pezzo, 1);
-    AtteseRicezione.fineProva = 300;
-    AtteseRicezione.totale = 300;
+    for (const auto& [dispositivo, pezzo] : {std::pair(Dispositivo::CP520, 7), {Dispositivo::CP540, 1}}) {
+        m_dispositivo = dispositivo;
+        ricomincia();
+        m_programma->impostazioni.valori = {{"com/online", "1"},
+                                            {"com/tabellone", "2"},
+                                            {"chrono/offline", QString::number(int(m_dispositivo))}};
+        m_banco->tag.spezza(pezzo, 1);
+        AtteseRicezione.fineProva = 300;
+        AtteseRicezione.totale = 300;
 
-    frmRicezioneONLINE finestra(catenaAttiva());
-    ricevi(finestra, [&](frmRXONLINE& rx) {
-        QCOMPARE(testo(rx, "lblEqu"), "N. 7 - ROSSI-BIANCHI - LANCIA APRILIA");
-        QCOMPARE(testo(rx, "lblTempo"), "IN PARTENZA...");
-        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
-        QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList({"      ", "PAr  7"}));
-        QCOMPARE(m_banco->linea.formato(), "9600 8N1");
+        frmRicezioneONLINE finestra(catenaAttiva());
+        ricevi(finestra, [&](frmRXONLINE& rx) {
+            confronta(
+                rx,
+                "lblEqu=N. 7 - ROSSI-BIANCHI - LANCIA APRILIA;lblTempo=IN PARTENZA...;lblCron=00:00:00:00");
+            QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList({"      ", "PAr  7"}));
+            QCOMPARE(m_banco->linea.formato(), "9600 8N1");
 
-        m_banco->tag.partenza();
-        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
-        QCOMPARE(rx.palette().color(QPalette::Window), QColor(0, 192, 0));
-        QCOMPARE(lettura(1), "00:00:00:00>");
-        QTRY_VERIFY(testo(rx, "lblCron") > "00:00:00:00");
+            m_banco->tag.partenza();
+            QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
+            QCOMPARE(rx.palette().color(QPalette::Window), QColor(0, 192, 0));
+            QCOMPARE(letture(), "00:00:00:00> > > > >");
+            QTRY_VERIFY(contenuto(rx, "lblCron") > "00:00:00:00");
 
-        m_banco->tag.tempo(6234);
-        QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 1 : 00:01:02:34");
-        QCOMPARE(testo(rx, "lblTempo"), "TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
-        QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 128, 0));
-        QCOMPARE(controllo<QLabel>(rx, "lblTempo")->font().pointSize(), 28);
-        QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
-        QCOMPARE(lettura(2), "00:01:02:34>");
+            m_banco->tag.tempo(6234);
+            QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 1 : 00:01:02:34");
+            confronta(rx, "lblTempo=TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
+            QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 128, 0));
+            QCOMPARE(controllo<QLabel>(rx, "lblTempo")->font().pointSize(), 28);
+            QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
 
-        m_banco->tag.tempo(12134);
-        QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
-        m_banco->tag.tempo(18135);
-        QTRY_COMPARE(testo(rx, "lblImp"), "TEMPO N° 3 : 00:01:00:01");
-        QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
-        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
-        QTRY_COMPARE(testo(rx, "lblImp"), "PROVA TERMINATA");
-        QCOMPARE(testo(rx, "lblTempo"), "PENALITA' TOTALI DELLA PROVA : 335");
-        QCOMPARE(rx.palette().color(QPalette::Window), QColor(192, 255, 255));
-        QTRY_VERIFY(!rx.isVisible());
-    });
-    QCOMPARE(lettura(2), "00:01:02:34>00:02:01:34");
-    QCOMPARE(lettura(3), "00:02:01:34>00:03:01:35");
-    QCOMPARE(lettura(4), ">");
-    QTRY_COMPARE(m_banco->tabellone.mostrati(),
-                 QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
-    QCOMPARE(m_banco->tabellone.frameErrati(), 0);
-    QVERIFY(!m_banco->lineaTabellone.aperto());
-    // The readings are on show behind it.
-    auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
-    QCOMPARE(griglia->modello().righe()[3].tArr, "00:03:01:35");
-    finestra.close();
-    QTRY_COMPARE(m_banco->tabellone.mostrati().last(), "      ");
+            m_banco->tag.tempo(12134);
+            QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
+            m_banco->tag.tempo(18135);
+            QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 3 : 00:01:00:01");
+            QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
+            confronta(rx, "lblCron=00:00:00:00");
+            QTRY_COMPARE(contenuto(rx, "lblImp"), "PROVA TERMINATA");
+            confronta(rx, "lblTempo=PENALITA' TOTALI DELLA PROVA : 335");
+            QCOMPARE(rx.palette().color(QPalette::Window), QColor(192, 255, 255));
+            QTRY_VERIFY(!rx.isVisible());
+        });
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34>00:02:01:34 > 00:02:01:34>00:03:01:35 >");
+        QTRY_COMPARE(m_banco->tabellone.mostrati(),
+                     QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
+        QCOMPARE(m_banco->tabellone.frameErrati(), 0);
+        QVERIFY(!m_banco->lineaTabellone.aperto());
+        // The readings are on show behind it.
+        auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
+        QCOMPARE(griglia->modello().righe()[3].tArr, "00:03:01:35");
+        finestra.close();
+        QTRY_COMPARE(m_banco->tabellone.mostrati().last(), "      ");
+    }
+    m_dispositivo = Dispositivo::CP520;
 }
 
 // The window stays as long as its warning, whatever comes and whoever tries to close it.
 void tst_FinestreOnLine::rifiuti() {
-    m_banco->programma.impostazioni.valori = {{"com/tabellone", "2"}};
+    m_programma->impostazioni.valori = {{"com/tabellone", "2"}};
     AtteseRicezione.errore = 300;
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
         m_banco->tag.partenza();
         m_banco->tag.partenza();
-        QTRY_COMPARE(testo(rx, "lblTempo"), "START CON VEICOLO IN PROVA");
+        QTRY_COMPARE(contenuto(rx, "lblTempo"), "START CON VEICOLO IN PROVA");
         QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 0, 0));
-        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
+        confronta(rx, "lblCron=00:00:00:00");
         QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
         m_banco->tag.partenza();
         rx.close();
@@ -246,83 +176,66 @@ void tst_FinestreOnLine::rifiuti() {
         QTRY_VERIFY(!rx.isVisible());
     });
     QTRY_COMPARE(m_banco->tabellone.mostra(), SimulatoreTabellone::comeAppare("ERRORE"));
-    QCOMPARE(lettura(1), "00:00:00:00>");
-}
-
-void tst_FinestreOnLine::interrotta_data() {
-    QTest::addColumn<int>("tempi");  // -1: before the start
-    QTest::addColumn<QString>("come");
-    for (const int tempi : {-1, 0, 1}) {
-        for (const char* come : {"stop", "close", "unplug"})
-            QTest::addRow("%s, times %d", come, tempi) << tempi << come;
-    }
-    QTest::newRow("wrong datum") << 1 << "wrong";
+    QCOMPARE(letture(), "00:00:00:00> > > > >");
 }
 
 // In the middle of a frame the run ends: what was timed before is kept.
 void tst_FinestreOnLine::interrotta() {
-    QFETCH(int, tempi);
-    QFETCH(QString, come);
-    DialoghiDiProva& dialoghi = m_banco->programma.dialoghi;
-    frmRicezioneONLINE finestra(catenaAttiva());
-    ricevi(finestra, [&](frmRXONLINE& rx) {
-        if (tempi >= 0)
+    for (const QString come : {"close", "unplug", "wrong"}) {
+        ricomincia();
+        frmRicezioneONLINE finestra(catenaAttiva());
+        ricevi(finestra, [&](frmRXONLINE& rx) {
             m_banco->tag.partenza();
-        if (tempi > 0)
             m_banco->tag.tempo(6234);
-        QTRY_COMPARE(lettura(1), QStringList({">", "00:00:00:00>", "00:00:00:00>00:01:02:34"})[tempi + 1]);
-        if (come == "wrong") {
-            dialoghi.attendiMessaggio("ATTENZIONE!",
-                                      "E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
-                                      "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520.",
-                                      Icona::Stop);
-            m_banco->tag.tempo(32768);
+            QTRY_COMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
+            if (come == "wrong") {
+                dialoghi().attendiMessaggio(
+                    "ATTENZIONE!",
+                    "E' Stato Ricevuto un Dato Errato.\nLa Ricezione Sarà Interrotta.\n"
+                    "Verificare i Cavi di Collegamento e le Impostazioni del TAG CP520.",
+                    Icona::Stop);
+                m_banco->tag.tempo(32768);
+            } else {
+                m_banco->tag.invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
+            }
+            if (come == "close") {
+                rx.close();
+            } else if (come == "unplug") {
+                dialoghi().attendiMessaggio("Errore", QString());
+                m_banco->linea.stacca();
+            }
             QTRY_VERIFY(!rx.isVisible());
-            return;
+            confronta(rx, "lblCron=00:00:00:00");
+        });
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
+        if (come == "unplug") {
+            QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
+            // Still out: the window says so and stays usable; put back, it receives.
+            dialoghi().attendiMessaggio("Errore", QString());
+            premi(finestra, "cmdRX");
+            m_banco->linea.attacca();
         }
-        m_banco->tag.invia(SimulatoreTag::frameTempo(Dispositivo::CP520, 12000).left(40));
-        if (tempi >= 0) {
-            QTest::keyClick(&rx, Qt::Key_Escape);
-            QVERIFY(rx.isVisible());
+        // The next run starts clean: the half frame is gone. Before the start Esc ends it, afterwards not.
+        for (const bool partita : {true, false}) {
+            ricevi(finestra, [&](frmRXONLINE& rx) {
+                if (partita) {
+                    m_banco->tag.partenza();
+                    QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
+                }
+                QTest::keyClick(&rx, Qt::Key_Escape);
+                QCOMPARE(rx.isVisible(), partita);
+                if (partita)
+                    premi(rx, "cmdArrestaRicezione");
+            });
         }
-        if (come == "stop") {
-            premi(rx, "cmdArrestaRicezione");
-        } else if (come == "close") {
-            // Before the start, Esc does the same.
-            tempi < 0 ? QTest::keyClick(&rx, Qt::Key_Escape) : void(rx.close());
-        } else {
-            dialoghi.attendiMessaggio("Errore", QString());
-            m_banco->linea.stacca();
-        }
-        QTRY_VERIFY(!rx.isVisible());
-        QCOMPARE(testo(rx, "lblCron"), "00:00:00:00");
-    });
-    QCOMPARE(lettura(1), QStringList({">", "00:00:00:00>", "00:00:00:00>00:01:02:34"})[tempi + 1]);
-    QCOMPARE(lettura(2), tempi > 0 ? "00:01:02:34>" : ">");
-    if (come == "unplug") {
-        QVERIFY(dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
-        // Still out: the window says so and stays usable; put back, it receives.
-        dialoghi.attendiMessaggio("Errore", QString());
-        premi(finestra, "cmdRX");
-        QVERIFY(dialoghi.finite());
-        m_banco->linea.attacca();
     }
-    // The next run starts clean: the half frame is gone.
-    ricevi(finestra, [&](frmRXONLINE& rx) {
-        m_banco->tag.partenza();
-        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
-        premi(rx, "cmdArrestaRicezione");
-    });
 }
 
 // The arrival and the next start are written together or not at all, and the operator gets the time to write
 // down.
 void tst_FinestreOnLine::archivioRifiuta() {
-    esegui(
-        QString("CREATE TRIGGER pieno BEFORE UPDATE OF TPar ON Rilevamenti WHEN NEW.IDPro_FK=%1 BEGIN SELECT "
-                "RAISE(ABORT,'disco pieno'); END")
-            .arg(m_prove[2]));
-    m_banco->programma.dialoghi.attendiMessaggio("Velmora", QString(), Icona::Stop);
+    guasta(QString("UPDATE OF TPar ON Rilevamenti WHEN NEW.IDPro_FK=%1").arg(m_prove[2]));
+    dialoghi().attendiMessaggio("Velmora", QString(), Icona::Stop);
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
         m_banco->tag.partenza();
@@ -330,57 +243,54 @@ void tst_FinestreOnLine::archivioRifiuta() {
         m_banco->tag.tempo(12000);
         QTRY_VERIFY(!rx.isVisible());
     });
-    const QString testo = m_banco->programma.dialoghi.viste().last().testo;
+    const QString testo = dialoghi().viste().last().testo;
     QVERIFY2(
         testo.startsWith("Il tempo 00:02:00:00 dell'equipaggio n. 7 sulla prova \"Castello 2\" NON è stato "
                          "salvato."),
         qPrintable(testo));
-    QVERIFY(testo.contains("disco pieno"));
-    QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
-    QCOMPARE(lettura(2), "00:01:02:34>");
+    QVERIFY(testo.contains("disco guasto"));
+    QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
 }
 
 // The times go on without the scoreboard, and the window says what is wrong with it.
 void tst_FinestreOnLine::tabelloneStaccato() {
-    m_banco->programma.impostazioni.valori = {{"com/tabellone", "2"}};
+    m_programma->impostazioni.valori = {{"com/tabellone", "2"}};
     frmRicezioneONLINE finestra(catenaAttiva());
     ricevi(finestra, [&](frmRXONLINE& rx) {
         auto* avviso = controllo<QLabel>(rx, "lblAvvisoTabellone");
         QVERIFY(!avviso->isVisible());
         m_banco->lineaTabellone.stacca();
         m_banco->tag.partenza();
-        QTRY_COMPARE(testo(rx, "lblTempo"), "PARTITO");
+        QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
         QTRY_VERIFY(avviso->isVisible());
         QVERIFY(avviso->text().startsWith("Tabellone : Errore n. : "));
         m_banco->lineaTabellone.attacca();
         m_banco->tag.tempo(6234);
         QTRY_VERIFY(!avviso->isVisible());
-        QCOMPARE(lettura(1), "00:00:00:00>00:01:02:34");
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
         premi(rx, "cmdArrestaRicezione");
     });
     QTRY_COMPARE(m_banco->tabellone.mostra(), "  62.34");
     m_banco->lineaTabellone.stacca();
-    m_banco->programma.dialoghi.attendiMessaggio("Errore", QString());
+    dialoghi().attendiMessaggio("Errore", QString());
     finestra.close();
     QVERIFY(!finestra.isVisible());
 }
 
 void tst_FinestreOnLine::portaNonValida() {
-    m_banco->programma.impostazioni.valori = {{"com/online", "2"}, {"com/tabellone", "2"}};
+    m_programma->impostazioni.valori = {{"com/online", "2"}, {"com/tabellone", "2"}};
     frmRicezioneONLINE finestra(catenaAttiva());
     finestra.show();
-    m_banco->programma.dialoghi.attendiMessaggio("Porta COM NON Valida",
-                                                 "La Porta COM 2 è Utilizzata dal Tabellone");
+    dialoghi().attendiMessaggio("Porta COM NON Valida", "La Porta COM 2 è Utilizzata dal Tabellone");
     premi(finestra, "cmdRX");
 }
 
 void tst_FinestreOnLine::numero() {
     frmRicezioneONLINE finestra(catenaAttiva());
-    finestra.show();
-    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    mostra(finestra);
     auto* txtNum = controllo<QLineEdit>(finestra, "txtNum");
     auto* elenco = controllo<ElencoEquipaggi>(finestra, "lstEq");
-    const auto mostra = [&](const char* numero, bool trovato, int corrente) {
+    const auto stato = [&](const char* numero, bool trovato, int corrente) {
         QCOMPARE(txtNum->text(), numero);
         QCOMPARE(controllo<QPushButton>(finestra, "cmdRX")->isEnabled(), trovato);
         QCOMPARE(txtNum->palette().color(QPalette::Base), trovato ? QColor(Qt::white) : QColor(192, 0, 0));
@@ -389,31 +299,30 @@ void tst_FinestreOnLine::numero() {
     QCOMPARE(txtNum->text(), "7");
     QVERIFY(txtNum->hasFocus());
     QTest::keyClicks(txtNum, "12");
-    mostra("12", true, 12);
+    stato("12", true, 12);
     txtNum->selectAll();
     QTest::keyClicks(txtNum, "99");
-    mostra("99", false, 12);
+    stato("99", false, 12);
     // Red whatever has the focus; an empty number is no crew.
     elenco->setFocus();
-    mostra("99", false, 12);
+    stato("99", false, 12);
     txtNum->clear();
-    mostra("", false, 12);
+    stato("", false, 12);
     // The list says the same as the number.
     elenco->setCurrentItem(elenco->topLevelItem(0));
     elenco->setCurrentItem(elenco->topLevelItem(1));
-    mostra("12", true, 12);
-    QCOMPARE(testo(finestra, "lblEqu"), "N. 12 - VERDI-NERI - LANCIA APRILIA");
+    stato("12", true, 12);
+    confronta(finestra, "lblEqu=N. 12 - VERDI-NERI - LANCIA APRILIA");
 }
 
 void tst_FinestreOnLine::sceltaTabellone() {
     frmRicezioneONLINE finestra(catenaAttiva());
     finestra.show();
     auto* spunta = controllo<QCheckBox>(finestra, "chkTabellone");
-    DialoghiDiProva& dialoghi = m_banco->programma.dialoghi;
     const auto rispondi = [&](const std::optional<QString>& numero) {
-        dialoghi.attendiChiedi("Porta COM Tabellone",
-                               "Inserire il Numero della Port COM (Seriale) a cui è Collegato il Tabellone",
-                               numero);
+        dialoghi().attendiChiedi("Porta COM Tabellone",
+                                 "Inserire il Numero della Port COM (Seriale) a cui è Collegato il Tabellone",
+                                 numero);
     };
     for (const auto& rinuncia : {std::optional<QString>(), std::optional<QString>("  ")}) {
         rispondi(rinuncia);
@@ -422,39 +331,37 @@ void tst_FinestreOnLine::sceltaTabellone() {
     }
     for (const char* errata : {"abc", "0", "10", "-2", "1,5"}) {
         rispondi(errata);
-        dialoghi.attendiMessaggio("Attenzione", "Numero di Porta Errato");
+        dialoghi().attendiMessaggio("Attenzione", "Numero di Porta Errato");
     }
     const PseudoTerminale altra(PercorsoApp, 5);
     m_banco->lineaTabellone.stacca();
     rispondi("2");
-    dialoghi.attendiMessaggio("Errore", "Errore n. : 1 - Porta Inesistente");
+    dialoghi().attendiMessaggio("Errore", "Errore n. : 1 - Porta Inesistente");
     rispondi("1");
-    dialoghi.attendiMessaggio("Attenzione",
-                              "La Porta COM (Seriale) Selezionata\nè Stata già Assegnata al Cronometro.\n"
-                              "Selezionare un'altra Porta COM Disponibile");
+    dialoghi().attendiMessaggio("Attenzione",
+                                "La Porta COM (Seriale) Selezionata\nè Stata già Assegnata al Cronometro.\n"
+                                "Selezionare un'altra Porta COM Disponibile");
     rispondi("5");
     spunta->click();
-    QVERIFY(dialoghi.finite());
+    QVERIFY(dialoghi().finite());
     QVERIFY(spunta->isChecked());
-    QCOMPARE(testo(finestra, "lblComTabellone"), "(COM 5)");
+    confronta(finestra, "lblComTabellone=(COM 5)");
     spunta->click();
-    QCOMPARE(testo(finestra, "lblComTabellone"), "");
+    confronta(finestra, "lblComTabellone=");
 }
 
 void tst_FinestreOnLine::impostazioni() {
-    auto& valori = m_banco->programma.impostazioni.valori;
+    auto& valori = m_programma->impostazioni.valori;
     const std::remove_reference_t<decltype(valori)> lasciati{
         {"com/online", "4"}, {"chrono/offline", "1"}, {"com/tabellone", "2"}};
     const std::remove_reference_t<decltype(valori)> guasti{
         {"com/online", "77"}, {"chrono/offline", "?"}, {"com/tabellone", "-1"}};
     for (const auto& [prima, letti] :
-         {std::pair{lasciati, "COM 4/TAG CP540/(COM 2)"}, {guasti, "COM 1/TAG CP520/"}}) {
+         {std::pair{lasciati, "cboPortaCOM=COM 4;cboChrono=TAG CP540;lblComTabellone=(COM 2)"},
+          {guasti, "cboPortaCOM=COM 1;cboChrono=TAG CP520;lblComTabellone="}}) {
         valori = prima;
         frmRicezioneONLINE finestra(catenaAttiva());
-        QCOMPARE(controllo<QComboBox>(finestra, "cboPortaCOM")->currentText() + '/' +
-                     controllo<QComboBox>(finestra, "cboChrono")->currentText() + '/' +
-                     testo(finestra, "lblComTabellone"),
-                 letti);
+        confronta(finestra, letti);
         QCOMPARE(controllo<QCheckBox>(finestra, "chkTabellone")->isChecked(), prima == lasciati);
         finestra.show();
         finestra.close();
@@ -465,17 +372,12 @@ void tst_FinestreOnLine::impostazioni() {
 // Readings are corrected in the grid as at reception: a time runs along the chain.
 void tst_FinestreOnLine::correzioni() {
     frmRicezioneONLINE finestra(catenaAttiva());
-    finestra.show();
-    QVERIFY(QTest::qWaitForWindowActive(&finestra));
-    auto* griglia = controllo<QTableView>(finestra, "grT");
-    griglia->setFocus();
-    griglia->setCurrentIndex(griglia->model()->index(0, ModelloRilevamenti::TempoPassaggio));
-    for (const char cifra : QByteArray("010234"))
-        QTest::keyClick(QApplication::focusWidget(), cifra);
+    mostra(finestra);
+    vai(finestra, 0, Colonna::TempoPassaggio);
+    digita("010234");
     // Left open: the window stores it before it goes on.
     finestra.close();
-    QCOMPARE(lettura(1), ">00:01:02:34");
-    QCOMPARE(lettura(2), "00:01:02:34>");
+    QCOMPARE(letture(), ">00:01:02:34 00:01:02:34> > > >");
 }
 
 void tst_FinestreOnLine::classifica() {
@@ -493,20 +395,13 @@ void tst_FinestreOnLine::classifica() {
 
     frmRicezioneONLINE finestra(catenaAttiva());
     finestra.show();
-    QStringList righe;
-    quandoAperta<frmClassificaDiProvaInTempoReale>(this, [&](frmClassificaDiProvaInTempoReale& classifica) {
-        auto* lista = controllo<QTreeWidget>(classifica, "lstClas");
-        for (int r = 0; r < lista->topLevelItemCount(); ++r) {
-            QStringList celle;
-            for (int c = 0; c < lista->columnCount(); ++c)
-                celle << lista->topLevelItem(r)->text(c);
-            righe << celle.join('|');
-        }
-        premi(classifica, "cmdEsci");
-    });
-    premi(finestra, "cmdClassifica");
-    QCOMPARE(righe, QStringList({"1|1|PARI BIANCHI|LANCIA APRILIA|25", "2|7|ROSSI BIANCHI|LANCIA APRILIA|25",
-                                 "3|3|GALLO BIANCHI|LANCIA APRILIA|6.000"}));
+    inModale<frmClassificaDiProvaInTempoReale>(
+        [&] { premi(finestra, "cmdClassifica"); },
+        [](frmClassificaDiProvaInTempoReale& classifica) {
+            QCOMPARE(righe(classifica, "lstClas"),
+                     QStringList({"1/1/PARI BIANCHI/LANCIA APRILIA/25", "2/7/ROSSI BIANCHI/LANCIA APRILIA/25",
+                                  "3/3/GALLO BIANCHI/LANCIA APRILIA/6.000"}));
+        });
 }
 
 PROVA_FINESTRE(tst_FinestreOnLine)

@@ -3,30 +3,31 @@
 #include "supporto/ProvaFinestre.h"
 
 #include <QGroupBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QRadioButton>
 
 // The scoreboard clock, with a chronometer on port 1 and a scoreboard on port 2.
-class tst_Orologio final : public QObject {
+class tst_Orologio final : public ProvaConProgramma {
     Q_OBJECT
 
+public:
+    tst_Orologio() : ProvaConProgramma(Archivio::Nessuno) {}
+
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void inAttesaEInMoto();
     void rifiuti();
     void portaNonDisponibile();
     void nuovaSincronizzazione();
     void unaLinea();
     void impostazioni();
-    void staccato_data();
     void staccato();
 
 private:
-    [[nodiscard]] QAbstractButton* opzione(const QString& nome) const;
-    void premi(const char* nome) const { m_finestra->findChild<QPushButton*>(nome)->click(); }
-    [[nodiscard]] QString orario() const { return m_finestra->findChild<QLabel*>("lblOrario")->text(); }
+    void prepara() override;
+    void chiudi() override;
+    [[nodiscard]] QAbstractButton* opzione(const QString& nome) const {
+        return controllo<QAbstractButton>(*m_finestra, nome);
+    }
+    void premi(const char* nome) const { opzione(nome)->click(); }
+    [[nodiscard]] QString orario() const { return contenuto(*m_finestra, "lblOrario"); }
     [[nodiscard]] bool inAttesa() const {
         return m_finestra->findChild<QGroupBox*>("frmAttesaSynchro")->isVisible();
     }
@@ -38,23 +39,15 @@ private:
     std::unique_ptr<frmOrologio> m_finestra;
 };
 
-void tst_Orologio::init() {
-    m_banco = std::make_unique<BancoOnLine>(ProgrammaDiProva::Archivio::Nessuno);
+void tst_Orologio::prepara() {
+    m_banco = std::make_unique<BancoOnLine>();
     m_finestra = std::make_unique<frmOrologio>();
     m_finestra->show();
 }
 
-void tst_Orologio::cleanup() {
-    QVERIFY(m_banco->programma.dialoghi.finite());
+void tst_Orologio::chiudi() {
     m_finestra.reset();
     m_banco.reset();
-}
-
-QAbstractButton* tst_Orologio::opzione(const QString& nome) const {
-    auto* trovata = m_finestra->findChild<QRadioButton*>(nome);
-    if (!trovata)
-        qFatal("no option %s", qPrintable(nome));
-    return trovata;
 }
 
 void tst_Orologio::scegli(int formato) {
@@ -80,7 +73,7 @@ void tst_Orologio::inAttesaEInMoto() {
     scegli(3);
     QVERIFY(!inAttesa());
     attendi();
-    QCOMPARE(m_finestra->findChild<QLabel*>("lblAttesa")->text(), "Attesa Sincronizzazione con TAG CP 520");
+    confronta(*m_finestra, "lblAttesa=Attesa Sincronizzazione con TAG CP 520");
     QCOMPARE(m_banco->linea.formato(), "9600 8N1");
     QCOMPARE(m_banco->lineaTabellone.formato(), "19200 8N1");
     m_banco->tag.spezza(5, 1);
@@ -112,27 +105,27 @@ void tst_Orologio::rifiuti() {
     for (const char* porta : {"", "optCOMTAG_1"}) {
         if (*porta)
             opzione(porta)->click();
-        m_banco->programma.dialoghi.attendiMessaggio(avvio, mancano);
+        dialoghi().attendiMessaggio(avvio, mancano);
         premi("cmdSynchro");
-        QVERIFY(m_banco->programma.dialoghi.finite());
-        QVERIFY(!inAttesa());
+        QVERIFY(dialoghi().finite() && !inAttesa());
         QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
     }
 }
 
 void tst_Orologio::portaNonDisponibile() {
-    const QString titolo = "Impossibile Impostare la Porta COM";
-    const QString testo = "Porta COM 1 NON Disponibile";
+    const auto attendiRifiuto = [this] {
+        dialoghi().attendiMessaggio("Impossibile Impostare la Porta COM", "Porta COM 1 NON Disponibile");
+    };
     scegli(1);
     m_banco->linea.stacca();
-    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+    attendiRifiuto();
     opzione("optCOMTAB_1")->click();
     for (int i = 1; i <= 6; ++i)
         QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
     QVERIFY(opzione("optCOMTAG_1")->isChecked());
     // Gone between the choice and its use.
     opzione("optCOMTAB_2")->click();
-    m_banco->programma.dialoghi.attendiMessaggio(titolo, testo);
+    attendiRifiuto();
     premi("cmdSynchro");
     QVERIFY(!inAttesa());
     m_banco->linea.attacca();
@@ -187,7 +180,7 @@ void tst_Orologio::impostazioni() {
     m_finestra->close();
     QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
     QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList("      "));
-    auto& valori = m_banco->programma.impostazioni.valori;
+    auto& valori = m_programma->impostazioni.valori;
     m_finestra = std::make_unique<frmOrologio>();
     for (const char* scelta : {"optCOMTAB_2", "optCOMTAG_1", "optFormato_2"})
         QVERIFY(opzione(scelta)->isChecked());
@@ -198,33 +191,27 @@ void tst_Orologio::impostazioni() {
     QVERIFY(!opzione("optCOMTAG_1")->isChecked());
 }
 
-void tst_Orologio::staccato_data() {
-    QTest::addColumn<bool>("tabellone");
-    QTest::addColumn<bool>("inMoto");
-    QTest::newRow("scoreboard, waiting") << true << false;
-    QTest::newRow("scoreboard, running") << true << true;
-    QTest::newRow("chronometer, waiting") << false << false;
-}
-
+// The scoreboard, waiting and running, then the chronometer.
 void tst_Orologio::staccato() {
-    QFETCH(bool, tabellone);
-    QFETCH(bool, inMoto);
-    scegli(3);
-    inMoto ? sincronizza("12:34:56.78") : attendi();
-    if (inMoto)
-        QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 5);
-    PseudoTerminale& linea = tabellone ? m_banco->lineaTabellone : m_banco->linea;
-    m_banco->programma.dialoghi.attendiMessaggio("Errore", QString());
-    linea.stacca();
-    QTRY_COMPARE(m_banco->programma.dialoghi.viste().size(), 1);
-    QVERIFY(!inAttesa());
-    QVERIFY(m_banco->programma.dialoghi.viste().last().testo.endsWith(" - Porta Scollegata"));
-    // Stopped, and ready to begin again.
-    const QString ferma = orario();
-    QVERIFY(!QTest::qWaitFor([&] { return orario() != ferma; }, 50));
-    linea.attacca();
-    sincronizza("12:34:56.78");
-    QTRY_VERIFY(orario() != ferma);
+    for (const auto& [tabellone, inMoto] : {std::pair(true, false), {true, true}, {false, false}}) {
+        ricomincia();
+        scegli(3);
+        inMoto ? sincronizza("12:34:56.78") : attendi();
+        if (inMoto)
+            QTRY_VERIFY(m_banco->tabellone.mostrati().size() > 5);
+        PseudoTerminale& linea = tabellone ? m_banco->lineaTabellone : m_banco->linea;
+        dialoghi().attendiMessaggio("Errore", QString());
+        linea.stacca();
+        QTRY_COMPARE(dialoghi().viste().size(), 1);
+        QVERIFY(!inAttesa());
+        QVERIFY(dialoghi().viste().last().testo.endsWith(" - Porta Scollegata"));
+        // Stopped, and ready to begin again.
+        const QString ferma = orario();
+        QVERIFY(!QTest::qWaitFor([&] { return orario() != ferma; }, 50));
+        linea.attacca();
+        sincronizza("12:34:56.78");
+        QTRY_VERIFY(orario() != ferma);
+    }
 }
 
 PROVA_FINESTRE(tst_Orologio)

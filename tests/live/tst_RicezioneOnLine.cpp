@@ -3,18 +3,14 @@
 #include "simulatori/SimulatoreTag.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
 #include <random>
 
 // On-line reception without a port or a window: characters in, readings and actions out. And what else of it
 // can be said without a window: the chains, the clock of the scoreboard.
-class tst_RicezioneOnLine final : public QObject {
+class tst_RicezioneOnLine final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup() { m_programma.reset(); }
-    void corsa_data();
     void corsa();
     void primaInArchivio();
     void precisione();
@@ -26,11 +22,11 @@ private Q_SLOTS:
     void orologioCambioFormato();
 
 private:
+    void prepara() override { nuovaManifestazione(); }
     // A crew and a chain of so many tests of one minute; one point a hundredth.
     ParametriOnLine corsaDi(int prove, Dispositivo dispositivo = Dispositivo::CP520);
     [[nodiscard]] QString letture() const;
 
-    std::unique_ptr<ProgrammaDiProva> m_programma;
     int m_idEqu = 0;
 };
 
@@ -98,11 +94,6 @@ QStringList racconta(RicezioneOnLine& ricezione, Dispositivo dispositivo, const 
 
 }  // namespace
 
-void tst_RicezioneOnLine::init() {
-    m_programma = std::make_unique<ProgrammaDiProva>();
-    nuovaManifestazione();
-}
-
 ParametriOnLine tst_RicezioneOnLine::corsaDi(int prove, Dispositivo dispositivo) {
     int precedente = 0;
     for (int i = 1; i <= prove; ++i)
@@ -120,24 +111,12 @@ ParametriOnLine tst_RicezioneOnLine::corsaDi(int prove, Dispositivo dispositivo)
 }
 
 QString tst_RicezioneOnLine::letture() const {
-    QStringList righe;
-    Statement query("SELECT TPar,TArr FROM Rilevamenti WHERE IDEqu_FK=? ORDER BY IDPro_FK");
-    query.esegui({m_idEqu});
-    while (query.prossima())
-        righe << query.testo(0) + '>' + query.testo(1);
-    return righe.join(' ');
+    return leggiColonna("SELECT TPar||'>'||TArr FROM Rilevamenti WHERE IDEqu_FK=? ORDER BY IDPro_FK",
+                        {m_idEqu})
+        .join(' ');
 }
 
-void tst_RicezioneOnLine::corsa_data() {
-    QTest::addColumn<int>("prove");
-    QTest::addColumn<QString>("eventi");
-    QTest::addColumn<QStringList>("azioni");  // empty: the readings alone
-    QTest::addColumn<QString>("letture");
-    const auto riga = [](const char* titolo, int prove, const char* eventi, const QStringList& azioni,
-                         const char* letture) {
-        QTest::newRow(titolo) << prove << eventi << azioni << letture;
-    };
-
+void tst_RicezioneOnLine::corsa() {
     const QStringList partito{"avvia", "mostra |PARTITO", "[IN   7]"};
     const auto rifiuto = [](const QString& testo) {
         return QStringList{"ferma", "mostra |" + testo + "|fermo", "[ERRORE]", "attendi 3000", "chiudi"};
@@ -148,44 +127,45 @@ void tst_RicezioneOnLine::corsa_data() {
     const QStringList errato{"ferma", "[ERRORE]", "dato errato", "chiudi"};
     const char* dopoUno = "00:00:00:00>00:01:02:34 00:01:02:34>";
 
-    riga("one test", 1, "S T6234 A A",
-         partito + QStringList{"azzera", "suona", "mostra " + tempo1 + "|fermo", "[  62.34]", "ferma",
-                               "attendi 2000",
-                               "mostra PROVA TERMINATA|PENALITA' TOTALI DELLA PROVA : 234|fermo", "[P  234]",
-                               "attendi 4000", "chiudi"},
-         "00:00:00:00>00:01:02:34");
-    riga("time before the start", 2, "T6234 A", rifiuto("RESET NON ESEGUITO"), "> >");
-    riga("second start", 2, "S S A", partito + rifiuto(dueStart), "00:00:00:00> >");
-    riga("second start after a time", 2, "S T6234 S A", primo + rifiuto(dueStart), dopoUno);
-    riga("elapsed time that goes back", 2, "S T6234 T6000 A", {},
-         "00:00:00:00>00:01:02:34 00:01:02:34>00:01:00:00");
-    riga("stopped before the start", 2, "X", {"ferma", "chiudi"}, "> >");
-    riga("stopped half way", 2, "S T6234 X T12000", primo + QStringList{"ferma", "chiudi"}, dopoUno);
-    riga("port lost half way", 2, "S T6234 P T12000 A X",
-         primo + QStringList{"ferma", "[ERRORE]", "perduta", "chiudi"}, dopoUno);
-    riga("largest time that passes", 1, "S T32767", {}, "00:00:00:00>00:05:27:67");
-    riga("one more", 2, "S T6234 T32768 T7000 A X P", primo + errato, dopoUno);
-    riga("letters", 2, "S T6234 L T7000 A X P", primo + errato, dopoUno);
-    // A wait runs to its end whatever comes.
-    riga("nothing disturbs a refusal", 2, "T1 S T2 X P A", rifiuto("RESET NON ESEGUITO"), "> >");
-    riga("nothing disturbs the end", 1, "S T6234 S T6300 X P", {}, "00:00:00:00>00:01:02:34");
-}
-
-void tst_RicezioneOnLine::corsa() {
-    QFETCH(int, prove);
-    QFETCH(QString, eventi);
-    QFETCH(QStringList, azioni);
+    const struct {
+        const char* nome;
+        int prove;
+        const char* eventi;
+        QStringList azioni;  // empty: the readings alone
+        const char* attese;
+    } casi[] = {{"one test", 1, "S T6234 A A",
+                 partito + QStringList{"azzera", "suona", "mostra " + tempo1 + "|fermo", "[  62.34]", "ferma",
+                                       "attendi 2000",
+                                       "mostra PROVA TERMINATA|PENALITA' TOTALI DELLA PROVA : 234|fermo",
+                                       "[P  234]", "attendi 4000", "chiudi"},
+                 "00:00:00:00>00:01:02:34"},
+                {"time before the start", 2, "T1 S T2 X P A", rifiuto("RESET NON ESEGUITO"), "> >"},
+                {"second start", 2, "S S A", partito + rifiuto(dueStart), "00:00:00:00> >"},
+                {"elapsed time that goes back",
+                 2,
+                 "S T6234 T6000 A",
+                 {},
+                 "00:00:00:00>00:01:02:34 00:01:02:34>00:01:00:00"},
+                {"stopped before the start", 2, "X", {"ferma", "chiudi"}, "> >"},
+                {"stopped half way", 2, "S T6234 X T12000", primo + QStringList{"ferma", "chiudi"}, dopoUno},
+                {"port lost half way", 2, "S T6234 P T12000 A X",
+                 primo + QStringList{"ferma", "[ERRORE]", "perduta", "chiudi"}, dopoUno},
+                {"largest time that passes", 1, "S T32767", {}, "00:00:00:00>00:05:27:67"},
+                {"one more", 2, "S T6234 T32768 T7000 A X P", primo + errato, dopoUno},
+                {"letters", 2, "S T6234 L T7000 A X P", primo + errato, dopoUno},
+                // A wait runs to its end whatever comes.
+                {"nothing disturbs the end", 1, "S T6234 S T6300 X P", {}, "00:00:00:00>00:01:02:34"}};
     // Both devices speak of the same things.
-    for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
-        m_programma.reset();
-        init();
-        RicezioneOnLine ricezione(corsaDi(prove, dispositivo));
-        QCOMPARE(racconta(ricezione, ricezione.inizia()),
-                 QStringList({"ferma", "mostra |IN PARTENZA...", "tabellone vuoto", "[PAR  7]"}));
-        const QStringList accaduto = racconta(ricezione, dispositivo, eventi);
-        if (!azioni.isEmpty())
-            QCOMPARE(accaduto, azioni);
-        QTEST(letture(), "letture");
+    for (const auto& [nome, prove, eventi, azioni, attese] : casi) {
+        for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
+            ricomincia();
+            RicezioneOnLine ricezione(corsaDi(prove, dispositivo));
+            QCOMPARE(racconta(ricezione, ricezione.inizia()),
+                     QStringList({"ferma", "mostra |IN PARTENZA...", "tabellone vuoto", "[PAR  7]"}));
+            const QStringList accaduto = racconta(ricezione, dispositivo, eventi);
+            QVERIFY2(azioni.isEmpty() || accaduto == azioni, qPrintable(nome + accaduto.join('/')));
+            QVERIFY2(letture() == attese, nome);
+        }
     }
 }
 
@@ -282,9 +262,7 @@ void tst_RicezioneOnLine::catene() {
 
 void tst_RicezioneOnLine::orologioFormati() {
     for (const auto& [formato, centesimi, testo] :  // one tick later
-         {std::tuple{1, 4529678, "12:34:57"}, std::tuple{2, 4529678, "2:34:56:8"},
-          std::tuple{3, 4529678, "34:56:79"}, std::tuple{1, 3240000, "9:00:01:"},
-          std::tuple{1, 8639950, "24:00:00"}}) {
+         {std::tuple{2, 4529678, "2:34:56:8"}, {1, 3240000, "9:00:01:"}, {1, 8639950, "24:00:00"}}) {
         OrologioTabellone orologio;
         orologio.impostaFormato(formato);
         orologio.sincronizza(centesimi, 9'123'456'789);

@@ -8,7 +8,6 @@ class tst_Impaginazione final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void impaginati_data();
     void impaginati();
     void ripartizione();
 };
@@ -41,49 +40,50 @@ IngombroGruppo gruppo(int righe, double testa = 10, double piede = 0) {
 
 }  // namespace
 
-void tst_Impaginazione::impaginati_data() {
-    QTest::addColumn<Ingombri>("ingombri");
-    QTest::addColumn<QStringList>("pagine");
-    const auto caso = [](const char* nome, const Ingombri& ingombri, const QStringList& pagine) {
-        QTest::newRow(nome) << ingombri << pagine;
-    };
+void tst_Impaginazione::impaginati() {
     IngombroGruppo alta = gruppo(8, 0);
     alta.righe[3] = 25;
-    caso("list", {40, 50, {gruppo(8, 0)}}, {"* h 0 1 2", "h 3 4 5 6", "h 7"});
-    caso("list, a row of several lines", {40, 50, {alta}}, {"* h 0 1 2", "h 3 4", "h 5 6 7"});
-    caso("list, tail", {50, 30, {gruppo(3, 0)}, 0, false, QList<double>(5, 10.0)},
-         {"* h 0 1 2 c", "c c c", "c"});
-    caso("no group", {50, 50, {}}, {"*"});
-    caso("no row", {50, 50, {gruppo(0, 0)}}, {"* h"});
-    caso("a row no page can hold still stands on one", {50, 50, {{.testata = 10, .righe = {90, 10}}}},
-         {"* h 0", "h 1"});
-    caso("groups together", {100, 100, {gruppo(2), gruppo(4), gruppo(3), gruppo(1)}, 5},
-         {"* T0 h 0 1", "T1 h 0 1 2 3", "T2 h 0 1 2 T3 h 0"});
-    caso("a longer one starts below where two rows go with its heading",
-         {100, 100, {gruppo(3), gruppo(12)}, 5},
-         {"* T0 h 0 1 2 T1 h 0 1", "t1 h 2 3 4 5 6 7 8 9", "t1 h 10 11"});
-    caso("or on a page of its own", {85, 85, {gruppo(3), gruppo(12)}, 5},
-         {"* T0 h 0 1 2", "T1 h 0 1 2 3 4 5", "t1 h 6 7 8 9 10 11"});
-    caso("foot never alone", {60, 60, {gruppo(4, 10, 20)}}, {"* T0 h 0 1 2", "t0 h 3 f"});
-    caso("page of each group", {50, 60, {gruppo(1), gruppo(5), gruppo(2)}, 0, true},
-         {"* T0 h 0", "* T1 h 0 1 2", "t1 h 3 4", "* T2 h 0 1"});
-}
-
-void tst_Impaginazione::impaginati() {
-    QFETCH(const Ingombri, ingombri);
-    QFETCH(const QStringList, pagine);
-    QStringList testi;
-    for (const Pagina& pagina : impagina(ingombri)) {
-        testi << descrivi(pagina);
-        // One piece under the other, with room between groups alone.
-        double y = 0;
-        for (const Elemento& e : pagina.elementi) {
-            y += e.pezzo == Pezzo::Testa && y > 0 ? ingombri.fraGruppi : 0;
-            QCOMPARE(e.y, y);
-            y += e.altezza;
+    const struct {
+        const char* nome;
+        Ingombri ingombri;
+        QStringList pagine;
+    } casi[] = {{"list", {40, 50, {gruppo(8, 0)}}, {"* h 0 1 2", "h 3 4 5 6", "h 7"}},
+                {"list, a row of several lines", {40, 50, {alta}}, {"* h 0 1 2", "h 3 4", "h 5 6 7"}},
+                {"list, tail",
+                 {50, 30, {gruppo(3, 0)}, 0, false, QList<double>(5, 10.0)},
+                 {"* h 0 1 2 c", "c c c", "c"}},
+                {"no group", {50, 50, {}}, {"*"}},
+                {"no row", {50, 50, {gruppo(0, 0)}}, {"* h"}},
+                {"a row no page can hold still stands on one",
+                 {50, 50, {{.testata = 10, .righe = {90, 10}}}},
+                 {"* h 0", "h 1"}},
+                {"groups together",
+                 {100, 100, {gruppo(2), gruppo(4), gruppo(3), gruppo(1)}, 5},
+                 {"* T0 h 0 1", "T1 h 0 1 2 3", "T2 h 0 1 2 T3 h 0"}},
+                {"a longer one starts below where two rows go with its heading",
+                 {100, 100, {gruppo(3), gruppo(12)}, 5},
+                 {"* T0 h 0 1 2 T1 h 0 1", "t1 h 2 3 4 5 6 7 8 9", "t1 h 10 11"}},
+                {"or on a page of its own",
+                 {85, 85, {gruppo(3), gruppo(12)}, 5},
+                 {"* T0 h 0 1 2", "T1 h 0 1 2 3 4 5", "t1 h 6 7 8 9 10 11"}},
+                {"foot never alone", {60, 60, {gruppo(4, 10, 20)}}, {"* T0 h 0 1 2", "t0 h 3 f"}},
+                {"page of each group",
+                 {50, 60, {gruppo(1), gruppo(5), gruppo(2)}, 0, true},
+                 {"* T0 h 0", "* T1 h 0 1 2", "t1 h 3 4", "* T2 h 0 1"}}};
+    for (const auto& [nome, ingombri, pagine] : casi) {
+        QStringList testi;
+        for (const Pagina& pagina : impagina(ingombri)) {
+            testi << descrivi(pagina);
+            // One piece under the other, with room between groups alone.
+            double y = 0;
+            for (const Elemento& e : pagina.elementi) {
+                y += e.pezzo == Pezzo::Testa && y > 0 ? ingombri.fraGruppi : 0;
+                QCOMPARE(e.y, y);
+                y += e.altezza;
+            }
         }
+        QVERIFY2(testi == pagine, nome);
     }
-    QCOMPARE(testi, pagine);
 }
 
 void tst_Impaginazione::ripartizione() {

@@ -2,8 +2,6 @@
 #include "scoring/Penalita.h"
 #include "supporto/ProgrammaDiProva.h"
 
-#include <QTest>
-
 namespace {
 
 // The result as lines: each crew, then its tests with what was found.
@@ -23,14 +21,10 @@ QStringList righe(const RisultatoRicerca& risultato) {
 
 }  // namespace
 
-class tst_RicercaTempi final : public QObject {
+class tst_RicercaTempi final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup() { m_programma.reset(); }
-
-    void esito_data();
     void esito();
     void duePreveNessunoScarto();
     void soloProveSvolteSenzaPenAgg();
@@ -38,16 +32,15 @@ private Q_SLOTS:
     void piuEquipaggi();
 
 private:
+    void prepara() override;
     // A crew with one net deviation in hundredths per test (imposed one minute, penalty one a hundredth).
     int equipaggio(int num, const QList<int>& scarti);
     void tempi(int idEqu, int prova, const QVariant& tPar, const QVariant& tArr);
 
-    std::unique_ptr<ProgrammaDiProva> m_programma;
     QList<int> m_prove;
 };
 
-void tst_RicercaTempi::init() {
-    m_programma = std::make_unique<ProgrammaDiProva>();
+void tst_RicercaTempi::prepara() {
     nuovaManifestazione();
     m_prove.clear();
     for (const char* nome : {"P1", "P2", "P3", "P4", "P5"})
@@ -68,27 +61,26 @@ void tst_RicercaTempi::tempi(int idEqu, int prova, const QVariant& tPar, const Q
            {tPar, tArr, idEqu, m_prove[prova]});
 }
 
-void tst_RicercaTempi::esito_data() {
-    QTest::addColumn<QList<int>>("scarti");
-    QTest::addColumn<QStringList>("attese");
-    const QString fuori = "P5: Partenza [Fuori Media], Arrivo [Fuori Media]";
-    const auto caso = [](const char* nome, const QList<int>& scarti, const QStringList& attese) {
-        QTest::newRow(nome) << scarti << attese;
-    };
-    caso("in order", {10, 12, 14, 16, 18}, {});
-    caso("one above", {10, 10, 10, 10, 26}, {"7 ROSSI BIANCHI [10]", fuori});
-    caso("just at the limit: a test without findings", {10, 10, 10, 10, 25},
-         {"7 ROSSI BIANCHI [10]", "P5: "});
-    caso("mean of 0: zeros stand without findings, all else is out", {0, 0, 0, 0, 1},
-         {"7 ROSSI BIANCHI [0]", "P1: ", "P2: ", "P3: ", "P4: ", fuori});
-    caso("rounded to three decimals", {10, 10, 10, 11, 100}, {"7 ROSSI BIANCHI [10,333]", fuori});
-}
-
 void tst_RicercaTempi::esito() {
-    QFETCH(QList<int>, scarti);
-    QFETCH(QStringList, attese);
-    equipaggio(7, scarti);
-    QCOMPARE(righe(cercaTempi()), attese);
+    const QString fuori = "P5: Partenza [Fuori Media], Arrivo [Fuori Media]";
+    const struct {
+        const char* nome;
+        QList<int> scarti;
+        QStringList attese;
+    } casi[] = {{"in order", {10, 12, 14, 16, 18}, {}},
+                {"one above", {10, 10, 10, 10, 26}, {"7 ROSSI BIANCHI [10]", fuori}},
+                {"just at the limit: a test without findings",
+                 {10, 10, 10, 10, 25},
+                 {"7 ROSSI BIANCHI [10]", "P5: "}},
+                {"mean of 0: zeros stand without findings, all else is out",
+                 {0, 0, 0, 0, 1},
+                 {"7 ROSSI BIANCHI [0]", "P1: ", "P2: ", "P3: ", "P4: ", fuori}},
+                {"rounded to three decimals", {10, 10, 10, 11, 100}, {"7 ROSSI BIANCHI [10,333]", fuori}}};
+    for (const auto& [nome, scarti, attese] : casi) {
+        ricomincia();
+        equipaggio(7, scarti);
+        QVERIFY2(righe(cercaTempi()) == attese, nome);
+    }
 }
 
 void tst_RicercaTempi::duePreveNessunoScarto() {

@@ -1,9 +1,5 @@
-#include "archive/ErroreArchivio.h"
-#include "common/Valori.h"
 #include "scoring/Classifica.h"
 #include "supporto/ProgrammaDiProva.h"
-
-#include <QTest>
 
 namespace {
 
@@ -11,20 +7,11 @@ using Richiesta = RichiestaClassifica;
 
 // The ranked numbers as "Pos:Num=Pen".
 QStringList classifica() {
-    Statement riga("SELECT Pos,Num,Pen FROM Classifica ORDER BY Pos");
-    riga.esegui();
-    QStringList righe;
-    while (riga.prossima())
-        righe << QString("%1:%2=%3")
-                     .arg(riga.testo(0), riga.testo(1), numeroInTesto(riga.valore(2).toDouble()));
-    return righe;
+    return leggiColonna("SELECT Pos||':'||Num||'='||CAST(Pen AS INTEGER) FROM Classifica ORDER BY Pos");
 }
 
-QList<int> numeri() {
-    QList<int> lista;
-    for (const QString& riga : classifica())
-        lista << riga.section(':', 1).section('=', 0, 0).toInt();
-    return lista;
+QStringList numeri() {
+    return leggiColonna("SELECT Num FROM Classifica ORDER BY Pos");
 }
 
 // A crew with one reading whose deviation on the one-minute test is `scarto` hundredths.
@@ -36,7 +23,7 @@ int equipaggio(int num, int pro, int scarto, const QVariantMap& valori = {}) {
 
 }  // namespace
 
-class tst_Classifica final : public QObject {
+class tst_Classifica final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -44,7 +31,6 @@ private Q_SLOTS:
     void ordineEParimerito();
     void righeScritte();
     void selezioni();
-    void titoli();
     void avvisoProveNonSvolte();
     void giornaliera();
     void controlloAnni();
@@ -54,20 +40,16 @@ private Q_SLOTS:
 };
 
 void tst_Classifica::senzaManifestazione() {
-    ProgrammaDiProva programma;
     inserisciRiga("Classifica", {{"Num", 1}});
     for (const int attiva : {0, 77}) {
         IDMan = attiva;
-        programma.dialoghi.attendiMessaggio("Impossibile Generare la Classsifica",
-                                            "Nessuna Manifestazione Attiva");
+        dialoghi().attendiMessaggio("Impossibile Generare la Classsifica", "Nessuna Manifestazione Attiva");
         QVERIFY(!GeneraClassifica({.silenziosa = true}));
-        QVERIFY(programma.dialoghi.finite());
     }
     QCOMPARE(contaRighe("Classifica"), 1);
 }
 
 void tst_Classifica::ordineEParimerito() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     const int pro = nuovaProva();
     equipaggio(1, pro, 30, {{"Ann", 1970}});
@@ -86,7 +68,6 @@ void tst_Classifica::ordineEParimerito() {
 }
 
 void tst_Classifica::righeScritte() {
-    ProgrammaDiProva programma;
     const int man = nuovaManifestazione({{"FatAnn", 1}});
     const int pro = nuovaProva();
     const int gruppo = inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", 1.1}});
@@ -107,15 +88,14 @@ void tst_Classifica::righeScritte() {
 }
 
 void tst_Classifica::selezioni() {
-    const std::tuple<const char*, Richiesta, QList<int>> casi[] = {
-        {"all", {}, {1, 2, 3, 4, 5}},
-        {"ASI", {.tipo = 1}, {1, 4}},
-        {"NON ASI: blank, Null and empty", {.tipo = 2}, {2, 3, 5}},
-        {"group, whatever the type", {.tipo = 2, .idGru = 1}, {1, 3}},
-        {"group that is none", {.idGru = 9}, {}},
-        {"women, before group and type", {.tipo = 1, .idGru = 1, .femminile = true}, {2, 5}},
-        {"no such type", {.tipo = 3}, {}}};
-    ProgrammaDiProva programma;
+    const std::tuple<const char*, Richiesta, const char*> casi[] = {
+        {"all", {}, "1 2 3 4 5"},
+        {"ASI", {.tipo = 1}, "1 4"},
+        {"NON ASI: blank, Null and empty", {.tipo = 2}, "2 3 5"},
+        {"group, whatever the type", {.tipo = 2, .idGru = 1}, "1 3"},
+        {"group that is none", {.idGru = 9}, ""},
+        {"women, before group and type", {.tipo = 1, .idGru = 1, .femminile = true}, "2 5"},
+        {"no such type", {.tipo = 3}, ""}};
     const int man = nuovaManifestazione();
     for (int i = 0; i < 2; ++i)
         inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Fat", 1}});
@@ -127,32 +107,12 @@ void tst_Classifica::selezioni() {
     equipaggio(5, pro, 5, {{"Omo", ""}, {"Ses", "F"}, {"SesNav", "f"}});
     for (const auto& [nome, richiesta, attesi] : casi) {
         const auto esito = GeneraClassifica(richiesta);
-        QVERIFY2(esito && numeri() == attesi, nome);
+        QVERIFY2(esito && numeri().join(' ') == attesi, nome);
         QCOMPARE(esito->titolo.isEmpty(), richiesta.tipo == 3);
     }
 }
 
-void tst_Classifica::titoli() {
-    const QString giorno("13/6/2026");
-    const std::pair<Richiesta, const char*> casi[] = {
-        {{.dat = giorno, .femminile = true}, "CLASSIFICA ASSOLUTA FEMMINILE"},
-        {{.dat = giorno}, "CLASSIFICA ASSOLUTA DEL 13/6/2026"},
-        {{}, "CLASSIFICA ASSOLUTA"},
-        {{.idGru = 1, .dat = giorno}, "CLASSIFICA RAGGR. : VETTURE È DEL 13/6/2026"},
-        {{.idGru = 1}, "CLASSIFICA RAGGRUPPAMENTO : VETTURE È"},
-        {{.tipo = 1, .dat = giorno}, "CLASSIFICA ASI DEL 13/6/2026"},
-        {{.tipo = 1}, "CLASSIFICA ASI"},
-        {{.tipo = 2, .dat = giorno}, "CLASSIFICA NON ASI DEL 13/6/2026"},
-        {{.tipo = 2}, "CLASSIFICA NON ASI"}};
-    ProgrammaDiProva programma;
-    const int man = nuovaManifestazione();
-    inserisciRiga("Raggruppamenti", {{"IDMan_FK", man}, {"Nom", "Vetture è"}});
-    for (const auto& [richiesta, titolo] : casi)
-        QCOMPARE(GeneraClassifica(richiesta)->titolo, QString(titolo));
-}
-
 void tst_Classifica::avvisoProveNonSvolte() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     nuovaProva({{"Dat", "13/06/2026"}, {"Svo", 1}});
     nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
@@ -164,16 +124,14 @@ void tst_Classifica::avvisoProveNonSvolte() {
                                                {{.dat = "14/6/2026"}, false}};  // compared as typed
     for (const auto& [richiesta, avviso] : casi) {
         if (avviso)
-            programma.dialoghi.attendiMessaggio("Classifica Assoluta Parziale",
-                                                "ATTENZIONE : Alcune Prove NON Sono Ancora State SVOLTE",
-                                                Icona::Informazione);
+            dialoghi().attendiMessaggio("Classifica Assoluta Parziale",
+                                        "ATTENZIONE : Alcune Prove NON Sono Ancora State SVOLTE",
+                                        Icona::Informazione);
         QVERIFY(GeneraClassifica(richiesta));  // it goes on all the same
-        QVERIFY(programma.dialoghi.finite());
     }
 }
 
 void tst_Classifica::giornaliera() {
-    ProgrammaDiProva programma;
     nuovaManifestazione();
     const int prima = nuovaProva({{"Dat", "13/06/2026"}});
     const int seconda = nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
@@ -192,7 +150,6 @@ void tst_Classifica::giornaliera() {
 }
 
 void tst_Classifica::controlloAnni() {
-    ProgrammaDiProva programma;  // in 2026
     nuovaManifestazione({{"FatAnn", 1}});
     nuovaProva();
     nuovoEquipaggio(30, {{"Ann", 1850}});
@@ -208,14 +165,13 @@ void tst_Classifica::controlloAnni() {
     const QString due("2 - ROSSI BIANCHI LANCIA APRILIA\n");
     const QString cinque("5 - ROSSI BIANCHI LANCIA APRILIA\n");
     const QString dodici("12 - VERDI  LANCIA APRILIA\n");
-    programma.dialoghi.attendiMessaggio("Impossibile Generare la Classifica", inizio + due + cinque + dodici);
+    dialoghi().attendiMessaggio("Impossibile Generare la Classifica", inizio + due + cinque + dodici);
     QVERIFY(!GeneraClassifica({.silenziosa = true}));
     QCOMPARE(numeri().size(), 2);  // the last classification stands
 
     esegui("UPDATE Manifestazioni SET FatNoASI=1");
-    programma.dialoghi.attendiMessaggio("Impossibile Generare la Classifica", inizio + due + dodici);
+    dialoghi().attendiMessaggio("Impossibile Generare la Classifica", inizio + due + dodici);
     QVERIFY(!GeneraClassifica({.silenziosa = true}));
-    QVERIFY(programma.dialoghi.finite());
     QVERIFY(GeneraClassifica({.silenziosa = true, .senzaControlloAnni = true}));
     QCOMPARE(numeri().size(), 5);
     esegui("UPDATE Manifestazioni SET FatAnn=0");
@@ -223,7 +179,6 @@ void tst_Classifica::controlloAnni() {
 }
 
 void tst_Classifica::esclusioneAutomatica() {
-    ProgrammaDiProva programma;
     nuovaManifestazione({{"AutoEsc", 1}});
     const int pro = nuovaProva({{"Dat", "13/06/2026"}});
     nuovaProva({{"Dat", "14/06/2026"}, {"Svo", 0}});
@@ -246,7 +201,6 @@ void tst_Classifica::esclusioneAutomatica() {
 }
 
 void tst_Classifica::erroriNominanoLEquipaggio() {
-    ProgrammaDiProva programma;
     nuovaManifestazione({{"PenUniPA", 498}});
     const int pro = nuovaProva({{"Tem", "00:00:00"}});
     const int equ = nuovoEquipaggio(3);
@@ -254,25 +208,23 @@ void tst_Classifica::erroriNominanoLEquipaggio() {
     equipaggio(4, pro, 0, {{"Esc", 1}});
     const int altro = nuovoEquipaggio(5);
     scriviRilevamento(altro, pro, "00:00:00:00", "00:00:01:00");
-    programma.dialoghi.attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
+    dialoghi().attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
     QVERIFY(GeneraClassifica({}));
-    QVERIFY(programma.dialoghi.finite());
     QCOMPARE(classifica(), (QStringList{"1:3=40", "2:5=49800", "3:4=999999999"}));
 }
 
 void tst_Classifica::fallimentoNonLasciaMeta() {
-    ProgrammaDiProva programma;
     nuovaManifestazione({{"AutoEsc", 1}});
     nuovaProva();
     nuovoEquipaggio(1);
     inserisciRiga("Classifica", {{"Num", 42}, {"Pos", 1}});
-    esegui("CREATE TRIGGER guasto BEFORE INSERT ON Classifica BEGIN SELECT raise(ABORT,'guasto'); END");
+    guasta("INSERT ON Classifica");
     QVERIFY_EXCEPTION_THROWN(GeneraClassifica({.silenziosa = true}), ErroreArchivio);
-    QCOMPARE(numeri(), QList<int>{42});
+    QCOMPARE(numeri(), QStringList{"42"});
     QCOMPARE(contaRighe("Equipaggi", "Esc=1"), 0);
     esegui("DROP TRIGGER guasto");
     QVERIFY(GeneraClassifica({.silenziosa = true}));
-    QCOMPARE(numeri(), QList<int>{1});
+    QCOMPARE(numeri(), QStringList{"1"});
 }
 
 QTEST_GUILESS_MAIN(tst_Classifica)

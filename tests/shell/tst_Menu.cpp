@@ -2,7 +2,6 @@
 #include "supporto/ProgrammaDiProva.h"
 
 #include <QSet>
-#include <QTest>
 
 namespace {
 
@@ -16,7 +15,7 @@ QString nome(const VoceMenu& voce) {
 
 }  // namespace
 
-class tst_Menu final : public QObject {
+class tst_Menu final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -54,12 +53,12 @@ void tst_Menu::controlli() {
          "mnuClasSquadre mnuClasGioSqu"}};
     for (const auto& [titolo, conDati, voci] : casi) {
         for (const QString& voce : QString(voci).split(' ')) {
-            ProgrammaDiProva programma;
+            ricomincia();
             const auto trovata = std::ranges::find(vociMenu(), voce, nome);
             QVERIFY2(trovata != vociMenu().end(), qPrintable(voce));
             const auto rifiuta = [&, titolo = titolo](const QString& testo) {
-                programma.dialoghi.attendiMessaggio(titolo, testo);
-                return !controlla(trovata->controllo) && programma.dialoghi.finite();
+                dialoghi().attendiMessaggio(titolo, testo);
+                return !controlla(trovata->controllo) && dialoghi().finite();
             };
             QVERIFY2(rifiuta(NessunaAttiva), qPrintable(voce));
             IDMan = 99;  // a key whose row is gone
@@ -80,10 +79,9 @@ void tst_Menu::controlli() {
 }
 
 void tst_Menu::titoliCheCambiano() {
-    ProgrammaDiProva programma;
     const auto rifiuta = [&](Controllo controllo, const QString& titolo, const QString& testo) {
-        programma.dialoghi.attendiMessaggio("Impossibile Accedere " + titolo, testo);
-        return !controlla(controllo) && programma.dialoghi.finite();
+        dialoghi().attendiMessaggio("Impossibile Accedere " + titolo, testo);
+        return !controlla(controllo) && dialoghi().finite();
     };
     QVERIFY(rifiuta(Controllo::Quote, "alle Quote di Iscrizione", NessunaAttiva));
     QVERIFY(rifiuta(Controllo::RicezioneOffLine, "Alla Ricezione Tempi", NessunaAttiva));

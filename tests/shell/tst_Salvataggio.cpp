@@ -1,4 +1,3 @@
-#include "archive/ErroreArchivio.h"
 #include "shell/Salvataggio.h"
 #include "supporto/ProgrammaDiProva.h"
 
@@ -7,9 +6,8 @@
 #include <QDir>
 #include <QLockFile>
 #include <QSettings>
-#include <QTest>
 
-class tst_Salvataggio final : public QObject {
+class tst_Salvataggio final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -29,33 +27,9 @@ namespace {
 
 constexpr char Oggi[] = "Backup/mdvlm-14-06-2026.mdb";
 
-QByteArray contenuto(const QString& nome) {
-    QFile file(percorsoNelProgramma(nome));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-}
-
-void scrivi(const QString& nome, const QByteArray& dati) {
-    const QString percorso = percorsoNelProgramma(nome);
-    QVERIFY(QDir().mkpath(QFileInfo(percorso).path()));
-    QFile file(percorso);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(dati), dati.size());
-}
-
 QStringList nomi(const QString& cartella) {
     return QDir(percorsoNelProgramma(cartella))
         .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-}
-
-// The text of the failure; empty when there was none.
-template <typename Azione>
-QString errore(Azione azione) {
-    try {
-        azione();
-        return {};
-    } catch (const Errore& fallimento) {
-        return fallimento.testo();
-    }
 }
 
 // No file may grow beyond a size for as long as this lives, as on a disk that is full.
@@ -77,7 +51,6 @@ private:
 }  // namespace
 
 void tst_Salvataggio::copiaIdentica() {
-    const ProgrammaDiProva programma;
     nuovaManifestazione();
     esegui(
         "WITH n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000) "
@@ -86,34 +59,33 @@ void tst_Salvataggio::copiaIdentica() {
     ChiudiDataBase();
     // What interrupted copies left: of today, open to others, and of another day.
     const QString resto = percorsoNelProgramma(QString(Oggi) + ".nuovo");
-    scrivi(QString(Oggi) + ".nuovo", QByteArray(5'000'000, 'x'));
+    scriviFile(QString(Oggi) + ".nuovo", QByteArray(5'000'000, 'x'));
     QVERIFY(QFile::setPermissions(resto, QFile::ReadOwner | QFile::ReadOther));
-    scrivi("Backup/mdvlm-31-12-2025.mdb.nuovo", "di un altro giorno");
+    scriviFile("Backup/mdvlm-31-12-2025.mdb.nuovo", "di un altro giorno");
     salvaAllUscita();
     QCOMPARE(nomi("Backup"), QStringList{"mdvlm-14-06-2026.mdb"});
-    const QByteArray originale = contenuto("mdvlm.mdb");
+    const QByteArray originale = leggiFile("mdvlm.mdb");
     QVERIFY(originale.size() > 1024 * 1024);
-    QVERIFY(contenuto(Oggi) == originale);
+    QVERIFY(leggiFile(Oggi) == originale);
     QCOMPARE(difettoArchivio(percorsoNelProgramma(Oggi)), QString());
     QVERIFY(!(QFile::permissions(percorsoNelProgramma(Oggi)) & QFile::ReadOther));
 }
 
 void tst_Salvataggio::dueUsciteUnGiorno() {
-    ProgrammaDiProva programma;
-    programma.orologio.ora = QDateTime(QDate(2026, 1, 5), QTime(23, 59));
+    m_programma->orologio.ora = QDateTime(QDate(2026, 1, 5), QTime(23, 59));
     ChiudiDataBase();
     salvaAllUscita();
-    const QByteArray ieri = contenuto("Backup/mdvlm-05-01-2026.mdb");
-    programma.orologio.ora = programma.orologio.ora.addSecs(120);
+    const QByteArray ieri = leggiFile("Backup/mdvlm-05-01-2026.mdb");
+    m_programma->orologio.ora = m_programma->orologio.ora.addSecs(120);
     for (int uscita = 0; uscita < 2; ++uscita) {
         ApriDataBase();
         nuovaManifestazione();
         ChiudiDataBase();
         salvaAllUscita();
-        QVERIFY(contenuto("Backup/mdvlm-06-01-2026.mdb") == contenuto("mdvlm.mdb"));
+        QVERIFY(leggiFile("Backup/mdvlm-06-01-2026.mdb") == leggiFile("mdvlm.mdb"));
     }
     QCOMPARE(nomi("Backup"), (QStringList{"mdvlm-05-01-2026.mdb", "mdvlm-06-01-2026.mdb"}));
-    QVERIFY(contenuto("Backup/mdvlm-05-01-2026.mdb") == ieri);
+    QVERIFY(leggiFile("Backup/mdvlm-05-01-2026.mdb") == ieri);
 }
 
 void tst_Salvataggio::copiaFallita() {
@@ -122,19 +94,19 @@ void tst_Salvataggio::copiaFallita() {
     const std::tuple<QString, QString, bool> casi[] = {
         {"Backup", "", true}, {"", oggi, true}, {"", oggi + ".nuovo", true}, {oggi, "", false}};
     for (const auto& [file, cartella, conArchivio] : casi) {
-        const ProgrammaDiProva programma;
+        ricomincia();
         ChiudiDataBase();
         if (!file.isEmpty())
-            scrivi(file, "di prima");
+            scriviFile(file, "di prima");
         QVERIFY(cartella.isEmpty() || QDir().mkpath(percorsoNelProgramma(cartella)));
         QVERIFY(conArchivio || QFile::remove(percorsoArchivio()));
-        const QByteArray archivio = contenuto("mdvlm.mdb");
+        const QByteArray archivio = leggiFile("mdvlm.mdb");
         const QStringList prima = nomi("Backup");
-        const QString testo = errore(&salvaCopiaDelGiorno);
+        const QString testo = erroreDi(&salvaCopiaDelGiorno);
         QVERIFY2(testo.startsWith("La copia di sicurezza di oggi non è stata fatta:"), qPrintable(testo));
-        QCOMPARE(contenuto("mdvlm.mdb"), archivio);
+        QCOMPARE(leggiFile("mdvlm.mdb"), archivio);
         QCOMPARE(nomi("Backup"), prima);
-        QVERIFY(file.isEmpty() || contenuto(file) == "di prima");
+        QVERIFY(file.isEmpty() || leggiFile(file) == "di prima");
     }
 }
 
@@ -143,22 +115,22 @@ void tst_Salvataggio::copiaDanneggiata() {
         const ProgrammaDiProva programma;
         ChiudiDataBase();
         salvaCopiaDelGiorno();
-        const QByteArray buona = contenuto(Oggi);
+        const QByteArray buona = leggiFile(Oggi);
         QFile archivio(percorsoArchivio());
         QVERIFY(archivio.open(QIODevice::ReadWrite));
         if (guasta)
             QVERIFY(archivio.seek(archivio.size() - 4096) && archivio.write(QByteArray(4096, 'x')) == 4096);
         else
-            scrivi("mdvlm.mdb-journal", "un'azione");
+            scriviFile("mdvlm.mdb-journal", "un'azione");
         archivio.close();
-        const QByteArray presente = contenuto("mdvlm.mdb");
+        const QByteArray presente = leggiFile("mdvlm.mdb");
         const QString daParte("Backup/mdvlm-14-06-2026-danneggiato.mdb");
         for (int uscita = 0; uscita < 2; ++uscita)
-            QVERIFY(errore(&salvaCopiaDelGiorno).contains(percorsoNelProgramma(daParte)));
-        QCOMPARE(contenuto(Oggi), buona);
-        QCOMPARE(contenuto(daParte), presente);
+            QVERIFY(erroreDi(&salvaCopiaDelGiorno).contains(percorsoNelProgramma(daParte)));
+        QCOMPARE(leggiFile(Oggi), buona);
+        QCOMPARE(leggiFile(daParte), presente);
         QVERIFY(!(QFile::permissions(percorsoNelProgramma(daParte)) & (QFile::ReadGroup | QFile::ReadOther)));
-        scrivi("Backup/mdvlm-31-12-2025.mdb", "dell'anno prima");
+        scriviFile("Backup/mdvlm-31-12-2025.mdb", "dell'anno prima");
         QCOMPARE(ultimaCopia(), QString("mdvlm-14-06-2026.mdb"));
         QVERIFY(QFile::remove(percorsoNelProgramma(Oggi)));
         QCOMPARE(ultimaCopia(), QString("mdvlm-31-12-2025.mdb"));
@@ -166,24 +138,23 @@ void tst_Salvataggio::copiaDanneggiata() {
 }
 
 void tst_Salvataggio::discoPieno() {
-    const ProgrammaDiProva programma;
     ChiudiDataBase();
-    scrivi("Backup/mdvlm-13-06-2026.mdb", "ieri");
+    scriviFile("Backup/mdvlm-13-06-2026.mdb", "ieri");
     const qint64 intera = QFileInfo(percorsoArchivio()).size();
     for (const qint64 spazio : {qint64{0}, qint64{1000}, intera - 1}) {
-        scrivi(Oggi, "prima uscita di oggi");
-        const QString testo = errore([spazio] {
+        scriviFile(Oggi, "prima uscita di oggi");
+        const QString testo = erroreDi([spazio] {
             const LimiteDeiFile limite(static_cast<rlim_t>(spazio));
             salvaCopiaDelGiorno();
         });
         QVERIFY(!testo.isEmpty());
-        QCOMPARE(contenuto(Oggi), QByteArray("prima uscita di oggi"));
-        QCOMPARE(contenuto("Backup/mdvlm-13-06-2026.mdb"), QByteArray("ieri"));
+        QCOMPARE(leggiFile(Oggi), QByteArray("prima uscita di oggi"));
+        QCOMPARE(leggiFile("Backup/mdvlm-13-06-2026.mdb"), QByteArray("ieri"));
         QCOMPARE(nomi("Backup").size(), 2);
     }
     const LimiteDeiFile limite(static_cast<rlim_t>(intera));
     salvaCopiaDelGiorno();
-    QVERIFY(contenuto(Oggi) == contenuto("mdvlm.mdb"));
+    QVERIFY(leggiFile(Oggi) == leggiFile("mdvlm.mdb"));
 }
 
 void tst_Salvataggio::aggiornatore() {
@@ -192,7 +163,6 @@ void tst_Salvataggio::aggiornatore() {
     const QString ex_("VLMUpdater.ex_");
     // Files before, each holding its own path (a folder ends with "/"); files after, name=content.
     const std::tuple<const char*, QStringList, QStringList> casi[] = {
-        {"nothing there", {}, {}},
         {"empty folder", {"update/"}, {}},
         {"no new updater",
          {exe, ex_, "update/leggimi.txt", "update/senzapunto", "update/.nascosto"},
@@ -206,18 +176,20 @@ void tst_Salvataggio::aggiornatore() {
          {ex_ + '=' + exe, exe + '=' + nuovo}},
         {"a folder of that name", {nuovo + "/", exe}, {exe + '=' + exe}}};
     for (const auto& [nome, prima, dopo] : casi) {
-        const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
+        ricomincia();
+        ChiudiDataBase();
+        QVERIFY(QFile::remove(percorsoArchivio()));
         for (const QString& file : prima) {
             if (file.endsWith('/'))
-                QVERIFY(QDir().mkpath(percorsoNelProgramma(file)));
+                QVERIFY(QDir(PercorsoApp).mkpath(file));
             else
-                scrivi(file, file.toUtf8());
+                scriviFile(file, file.toUtf8());
         }
         const bool conCartella = QFileInfo::exists(percorsoNelProgramma("update"));
         sostituisciAggiornatore();
         QStringList trovati;
         for (const QString& file : QDir(PercorsoApp).entryList(QDir::Files | QDir::Hidden, QDir::Name))
-            trovati << file + '=' + contenuto(file);
+            trovati << file + '=' + leggiFile(file);
         trovati.sort();
         QVERIFY2(trovati == dopo, nome);
         // The folder stays, without files; folders in it stay too.
@@ -227,57 +199,55 @@ void tst_Salvataggio::aggiornatore() {
 }
 
 void tst_Salvataggio::aggiornatoreCollegato() {
-    const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
-    scrivi("altrove/VLMUpdater.exe", "nuovo");
-    scrivi("altrove/foto.jpg", "di un altro");
-    scrivi("VLMUpdater.exe", "presente");
+    scriviFile("altrove/VLMUpdater.exe", "nuovo");
+    scriviFile("altrove/foto.jpg", "di un altro");
+    scriviFile("VLMUpdater.exe", "presente");
     QVERIFY(QFile::link(percorsoNelProgramma("altrove"), percorsoNelProgramma("update")));
     for (int uscita = 0; uscita < 2; ++uscita) {
         sostituisciAggiornatore();
-        QCOMPARE(contenuto("VLMUpdater.exe") + contenuto("VLMUpdater.ex_"), QByteArray("nuovopresente"));
+        QCOMPARE(leggiFile("VLMUpdater.exe") + leggiFile("VLMUpdater.ex_"), QByteArray("nuovopresente"));
         QCOMPARE(nomi("altrove").size(), 2);
     }
 }
 
 void tst_Salvataggio::aggiornatoreFallito() {
-    const ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
-    scrivi("update/VLMUpdater.exe", QByteArray(10'000, 'n'));
-    scrivi("update/altro.dll", "altro");
-    scrivi("VLMUpdater.exe", "presente");
-    const QString testo = errore([] {
+    ChiudiDataBase();
+    QVERIFY(QFile::remove(percorsoArchivio()));
+    scriviFile("update/VLMUpdater.exe", QByteArray(10'000, 'n'));
+    scriviFile("update/altro.dll", "altro");
+    scriviFile("VLMUpdater.exe", "presente");
+    const QString testo = erroreDi([] {
         const LimiteDeiFile limite(5000);
         sostituisciAggiornatore();
     });
     QVERIFY2(testo.startsWith("Il nuovo programma di aggiornamento non è stato messo a posto:"),
              qPrintable(testo));
-    QCOMPARE(contenuto("VLMUpdater.exe"), QByteArray("presente"));
+    QCOMPARE(leggiFile("VLMUpdater.exe"), QByteArray("presente"));
     QCOMPARE(nomi("update"), (QStringList{"altro.dll", "VLMUpdater.exe"}));
     QCOMPARE(nomi(".").size(), 2);
     sostituisciAggiornatore();
-    QCOMPARE(contenuto("VLMUpdater.exe"), QByteArray(10'000, 'n'));
-    QCOMPARE(contenuto("VLMUpdater.ex_"), QByteArray("presente"));
+    QCOMPARE(leggiFile("VLMUpdater.exe"), QByteArray(10'000, 'n'));
+    QCOMPARE(leggiFile("VLMUpdater.ex_"), QByteArray("presente"));
     QCOMPARE(nomi("update"), QStringList());
 }
 
 void tst_Salvataggio::unFallimentoNonFermaLAltro() {
-    const ProgrammaDiProva programma;
     ChiudiDataBase();
-    scrivi("Backup", "un file");
-    scrivi("update/VLMUpdater.exe", "nuovo");
-    QVERIFY(errore(&salvaAllUscita).contains("copia di sicurezza"));
-    QCOMPARE(contenuto("VLMUpdater.exe"), QByteArray("nuovo"));
-    scrivi("update/VLMUpdater.exe", "altro");
+    scriviFile("Backup", "un file");
+    scriviFile("update/VLMUpdater.exe", "nuovo");
+    QVERIFY(erroreDi(&salvaAllUscita).contains("copia di sicurezza"));
+    QCOMPARE(leggiFile("VLMUpdater.exe"), QByteArray("nuovo"));
+    scriviFile("update/VLMUpdater.exe", "altro");
     QVERIFY(QDir(PercorsoApp).mkdir("VLMUpdater.ex_"));
-    const QString tutto = errore(&salvaAllUscita);
+    const QString tutto = erroreDi(&salvaAllUscita);
     QVERIFY2(tutto.contains("copia di sicurezza") && tutto.contains("nuovo programma di aggiornamento"),
              qPrintable(tutto));
 }
 
 void tst_Salvataggio::impostazioni() {
-    ProgrammaDiProva programma(ProgrammaDiProva::Archivio::Nessuno);
     Impostazioni::installa(nullptr);  // the user's own
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, PercorsoApp);
-    scrivi("VLM/VLM.conf", "[IDMan]\nIDMan=7\n[com]\nonline=3\n");
+    scriviFile("VLM/VLM.conf", "[IDMan]\nIDMan=7\n[com]\nonline=3\n");
     QLockFile altrui(percorsoNelProgramma("VLM/VLM.conf.lock"));
     QVERIFY(altrui.lock());
     ImpostaManifestazioneAttiva(12);
@@ -288,7 +258,7 @@ void tst_Salvataggio::impostazioni() {
     altrui.unlock();
     QCOMPARE(Impostazioni::corrente().guasto(), QString());
     QVERIFY(QDir(percorsoNelProgramma("VLM")).removeRecursively());
-    scrivi("VLM", "un file");
+    scriviFile("VLM", "un file");
     for (const int idMan : {13, 14}) {
         ImpostaManifestazioneAttiva(idMan);
         QCOMPARE(leggiManifestazioneAttiva(), idMan);  // until the end of the program

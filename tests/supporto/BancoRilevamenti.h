@@ -2,31 +2,11 @@
 
 #include "archive/Statement.h"
 #include "readings/ModelloRilevamenti.h"
+#include "supporto/ProvaFinestre.h"
 
-#include <QApplication>
-#include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
 using Colonna = ModelloRilevamenti::Colonna;
-
-inline void mostra(QWidget& finestra) {
-    finestra.show();
-    if (!QTest::qWaitForWindowActive(&finestra))
-        qFatal("the window does not come up");
-}
-
-// What an operator does: a button, and the keyboard into the widget that has the focus.
-inline void premi(const QWidget& finestra, const char* nome) {
-    QTest::mouseClick(finestra.findChild<QPushButton*>(nome), Qt::LeftButton);
-}
-inline void tasto(Qt::Key tasto) {
-    QTest::keyClick(QApplication::focusWidget(), tasto);
-}
-inline void digita(const QString& testo) {
-    for (const QChar c : testo)
-        QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
-}
 
 // In the grid of readings of a window.
 inline void vai(const QWidget& finestra, int riga, int colonna) {

@@ -3,14 +3,11 @@
 #include "download/ElencoPressostati.h"
 #include "download/frmRicezioneOFFLINE.h"
 #include "simulatori/SimulatoreTag.h"
-#include "supporto/ProgrammaDiProva.h"
+#include "supporto/ProvaFinestre.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QTableView>
-#include <QTest>
 
 // An event for the downloads: four tests, three crews (the last one is not ASI), and a chronometer on port 2.
 //
@@ -37,7 +34,6 @@ struct Gara {
     ~Gara() { AtteseLinea = {}; }
     Q_DISABLE_COPY_MOVE(Gara)
 
-    ProgrammaDiProva programma;
     int co1 = 0, pa1 = 0, pa2 = 0, co2 = 0;
     QList<int> equipaggi;
     PseudoTerminale linea{PercorsoApp, 2};
@@ -84,12 +80,9 @@ public:
 
     template <typename Controllo = QWidget>
     Controllo* trova(const char* nome) {
-        auto* controllo = finestra.template findChild<Controllo*>(nome);
-        if (!controllo)
-            qFatal("no control %s", nome);
-        return controllo;
+        return controllo<Controllo>(finestra, nome);
     }
-    void premi(const char* nome) { QTest::mouseClick(trova<QPushButton>(nome), Qt::LeftButton); }
+    void premi(const char* nome) { ::premi(finestra, nome); }
     void dispositivo(Dispositivo quale) {
         trova<QComboBox>("cboChrono")->setCurrentIndex(static_cast<int>(quale));
     }
@@ -102,18 +95,7 @@ public:
         return trova("frmStatus")->isVisible() ? trova<QLabel>("lblStatus")->text() : QString();
     }
     bool ferma() { return trova("cmdIniziaRicezione")->isEnabled(); }
-    // Rows of a grid, their cells joined by blanks.
-    QStringList griglia(const char* nome) {
-        const QAbstractItemModel* modello = trova<QTableView>(nome)->model();
-        QStringList righe;
-        for (int i = 0; i < modello->rowCount(); ++i) {
-            QStringList celle;
-            for (int j = 0; j < modello->columnCount(); ++j)
-                celle << modello->index(i, j).data().toString();
-            righe << celle.join(u'/');
-        }
-        return righe;
-    }
+    QStringList griglia(const char* nome) { return righe(finestra, nome); }
 
     Finestra finestra;
 };

@@ -1,7 +1,8 @@
 #include "supporto/ProgrammaDiProva.h"
 
+#include <QDir>
+#include <QFile>
 #include <QRegularExpression>
-#include <QTest>
 
 namespace {
 
@@ -35,29 +36,76 @@ ProgrammaDiProva::~ProgrammaDiProva() {
     IDMan = 0;
 }
 
+void ProvaConProgramma::init() {
+    m_programma = std::make_unique<ProgrammaDiProva>(m_archivio);
+    prepara();
+}
+
+void ProvaConProgramma::cleanup() {
+    const bool finite = dialoghi().finite();
+    chiudi();
+    m_programma.reset();
+    QVERIFY(finite);
+}
+
+void ProvaConProgramma::ricomincia() {
+    cleanup();
+    init();
+}
+
+QByteArray leggiFile(const QString& nome) {
+    QFile file(QDir(PercorsoApp).filePath(nome));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+}
+
+void scriviFile(const QString& nome, const QByteArray& dati) {
+    const QFileInfo info(QDir(PercorsoApp), nome);
+    QVERIFY(QDir().mkpath(info.path()));
+    QFile file(info.filePath());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(dati), dati.size());
+}
+
+QString erroreDi(const std::function<void()>& azione) {
+    try {
+        azione();
+        return {};
+    } catch (const Errore& errore) {
+        return errore.testo();
+    }
+}
+
+void guasta(const QString& cambiamento) {
+    esegui(QStringLiteral("CREATE TRIGGER guasto BEFORE %1 BEGIN SELECT RAISE(ABORT,'disco guasto'); END")
+               .arg(cambiamento));
+}
+
+void riempiDisco(int libere) {
+    const int pagine = leggiValore(QStringLiteral("PRAGMA page_count"))->toInt() + libere;
+    leggiValore(QStringLiteral("PRAGMA max_page_count=%1").arg(pagine));
+}
+
 int nuovaManifestazione(const QVariantMap& valori) {
-    const QVariantMap predefiniti{
-        {"Nom", "Coppa delle Colline"},
-        {"Loc", "Asti"},
-        {"Clu", "Club Auto d'Epoca"},
-        {"DaDat", "13/06/2026"},
-        {"ADat", "14/06/2026"},
-        {"DatVer", "12/06/2026"},
-        {"FatAnn", 0},
-        {"AutoEsc", 0},
-        {"RagAuto", 0},
-        {"PrePA", "CEN"},
-        {"PrePM", "SEC"},
-        {"PreCO", "MIN"},
-        {"PenUniPA", 1},
-        {"PenUniPM", 2},
-        {"PenUniCO", 60},
-        {"PenMaxAtt", 0},
-        {"ASIeNONASI", 0},
-        {"FatNoASI", 0},
-        {"TipoCO", "CON"},
-        {"PenProNonSvo", 0},
-    };
+    const QVariantMap predefiniti{{"Nom", "Coppa delle Colline"},
+                                  {"Loc", "Asti"},
+                                  {"Clu", "Club Auto d'Epoca"},
+                                  {"DaDat", "13/06/2026"},
+                                  {"ADat", "14/06/2026"},
+                                  {"DatVer", "12/06/2026"},
+                                  {"FatAnn", 0},
+                                  {"AutoEsc", 0},
+                                  {"RagAuto", 0},
+                                  {"PrePA", "CEN"},
+                                  {"PrePM", "SEC"},
+                                  {"PreCO", "MIN"},
+                                  {"PenUniPA", 1},
+                                  {"PenUniPM", 2},
+                                  {"PenUniCO", 60},
+                                  {"PenMaxAtt", 0},
+                                  {"ASIeNONASI", 0},
+                                  {"FatNoASI", 0},
+                                  {"TipoCO", "CON"},
+                                  {"PenProNonSvo", 0}};
     const int id = inserisciRiga(QStringLiteral("Manifestazioni"), con(predefiniti, valori));
     ImpostaManifestazioneAttiva(id);
     return id;
@@ -90,6 +138,15 @@ void scriviRilevamento(int idEqu, int idPro, const QString& tPar, const QString&
             QStringLiteral("Rilevamenti"),
             {{"IDEqu_FK", idEqu}, {"IDPro_FK", idPro}, {"TPar", tPar}, {"TArr", tArr}, {"PenAgg", penAgg}});
     }
+}
+
+QStringList leggiColonna(const QString& sql, const QVariantList& valori) {
+    QStringList colonna;
+    Statement lettura(sql);
+    lettura.esegui(valori);
+    while (lettura.prossima())
+        colonna << lettura.testo(0);
+    return colonna;
 }
 
 int contaRighe(const QString& tabella, const QString& dove) {

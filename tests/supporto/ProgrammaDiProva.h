@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/ErroreArchivio.h"
 #include "archive/Statement.h"
 #include "common/Impostazioni.h"
 #include "common/Orologio.h"
@@ -8,6 +9,7 @@
 
 #include <QHash>
 #include <QTemporaryDir>
+#include <QTest>
 
 class ImpostazioniDiProva final : public Impostazioni {
 public:
@@ -43,6 +45,42 @@ private:
     QTemporaryDir m_cartella;
 };
 
+// A test class in which every test has a program of its own. The boxes that it expects must have come at its
+// end.
+class ProvaConProgramma : public QObject {
+    Q_OBJECT
+
+protected Q_SLOTS:
+    void init();
+    void cleanup();
+
+protected:
+    using Archivio = ProgrammaDiProva::Archivio;
+    explicit ProvaConProgramma(Archivio archivio = Archivio::Aperto) : m_archivio(archivio) {}
+
+    virtual void prepara() {}  // what every test begins with, in the new program
+    virtual void chiudi() {}   // what must go before the program: windows, lines
+    void ricomincia();         // a program anew, for the next case of a table
+    DialoghiDiProva& dialoghi() { return m_programma->dialoghi; }
+
+    std::unique_ptr<ProgrammaDiProva> m_programma;
+
+private:
+    Archivio m_archivio;
+};
+
+// Files, by their whole path or by the one in the program's folder. What cannot be read is "(none)"; a file
+// is written with the folder it needs.
+QByteArray leggiFile(const QString& nome);
+void scriviFile(const QString& nome, const QByteArray& dati);
+
+// The text of the failure; empty when there was none.
+QString erroreDi(const std::function<void()>& azione);
+// Makes every such change of a table fail, as a disk that goes wrong: "UPDATE ON Prove WHEN NEW.IDPro=3".
+void guasta(const QString& cambiamento);
+// Leaves the archive no room but what it holds and so many pages.
+void riempiDisco(int libere = 0);
+
 // Rows with the defaults of an ordinary event; what the test names replaces them. They give the new key.
 int nuovaManifestazione(const QVariantMap& valori = {});  // and makes it the active one
 int nuovaProva(const QVariantMap& valori = {});           // of the active event
@@ -50,4 +88,6 @@ int nuovaProva(const QVariantMap& valori = {});           // of the active event
 int nuovoEquipaggio(int num, const QVariantMap& valori = {});
 void scriviRilevamento(int idEqu, int idPro, const QString& tPar, const QString& tArr,
                        const QVariant& penAgg = {});
+// The first column of a query.
+QStringList leggiColonna(const QString& sql, const QVariantList& valori = {});
 int contaRighe(const QString& tabella, const QString& dove = {});

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "common/Applicazione.h"
-
-#include <QTest>
+#include "supporto/Controlli.h"
+#include "supporto/ProgrammaDiProva.h"
 
 // The main function of a window test: like QTEST_MAIN, on the program's own application object, so that a
 // failure of the archive reaches the operator's box as it does in the program.

@@ -1,16 +1,12 @@
 #include "common/Finestra.h"
 #include "common/frmAiuto.h"
-#include "supporto/ProgrammaDiProva.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <algorithm>
-#include <QApplication>
 #include <QDir>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QResource>
 #include <QSet>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
 
@@ -52,7 +48,7 @@ public:
 
 }  // namespace
 
-class tst_Aiuto final : public QObject {
+class tst_Aiuto final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -90,7 +86,6 @@ void tst_Aiuto::tutteLePagine() {
 }
 
 void tst_Aiuto::f1() {
-    const ProgrammaDiProva programma;
     impostaFileAiuto(FILE_AIUTO);
     const std::pair<const char*, const char*> casi[] = {
         {"frmInformazioni", "frmInformazioni.html"},
