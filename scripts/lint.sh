@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# clang-tidy over the project's own sources, or over the files named.
+# Plain text everywhere, then clang-tidy over the project's own sources, or over the files named.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
+scripts/check-text.sh
 cmake --preset lint >/dev/null
 cmake --build --preset lint >/dev/null # the generated headers of the forms must exist
 

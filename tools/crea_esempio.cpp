@@ -1,4 +1,5 @@
 #include "archive/ErroreArchivio.h"
+#include "common/Impostazioni.h"
 #include "common/Public.h"
 #include "tools/CreaEsempio.h"
 #include "tools/RigaDiComando.h"
@@ -29,6 +30,8 @@ int main(int argc, char** argv) {
         const int idMan = creaEsempio(righe.argomenti().at(0), righe.argomenti().at(1));
         if (righe.data(u"attiva"_s))
             ImpostaManifestazioneAttiva(idMan);
+        if (const QString guasto = Impostazioni::corrente().guasto(); !guasto.isEmpty())
+            throw Errore(guasto);
         QTextStream(stdout) << "IDMan=" << idMan << '\n';
         return 0;
     } catch (const Errore& errore) {

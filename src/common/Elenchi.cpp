@@ -23,10 +23,12 @@ public:
         if (evento->type() != QEvent::KeyPress || !m_elenco->selectedItems().isEmpty())
             return false;
         const int tasto = static_cast<QKeyEvent*>(evento)->key();
-        if ((tasto != Qt::Key_Down && tasto != Qt::Key_Home) || m_elenco->topLevelItemCount() == 0)
+        const bool freccia = tasto == Qt::Key_Down || tasto == Qt::Key_Up;
+        if ((!freccia && tasto != Qt::Key_Home && tasto != Qt::Key_End) || m_elenco->topLevelItemCount() == 0)
             return false;
         QTreeWidgetItem* corrente = m_elenco->currentItem();
-        m_elenco->setCurrentItem(tasto == Qt::Key_Home || !corrente ? m_elenco->topLevelItem(0) : corrente);
+        const int estrema = tasto == Qt::Key_End ? m_elenco->topLevelItemCount() - 1 : 0;
+        m_elenco->setCurrentItem(freccia && corrente ? corrente : m_elenco->topLevelItem(estrema));
         m_elenco->currentItem()->setSelected(true);
         return true;
     }

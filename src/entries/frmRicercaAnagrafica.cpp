@@ -15,9 +15,6 @@ frmRicercaAnagrafica::frmRicercaAnagrafica(QWidget* padre)
     IDEqu = 0;
     m_persone = leggiAnagrafica();
     m_ui->lstEqu->setColumnHidden(ColonnaIDEqu, true);
-    const int larghezze[] = {230, 210, 250, 50};
-    for (int colonna = 0; colonna < std::ssize(larghezze); ++colonna)
-        m_ui->lstEqu->setColumnWidth(colonna, larghezze[colonna]);
     connect(m_ui->txtRic, &QLineEdit::textChanged, this, &frmRicercaAnagrafica::riempi);
     connect(m_ui->lstEqu, &Elenco::aperto, this, &frmRicercaAnagrafica::seleziona);
     connect(m_ui->cmdSeleziona, &QPushButton::clicked, this, &frmRicercaAnagrafica::seleziona);
@@ -37,7 +34,7 @@ void frmRicercaAnagrafica::riempi() {
                                persona.manifestazione, QString::number(persona.idEqu)},
                               persona.idEqu};
     }
-    m_ui->lstEqu->riempi(righe, Elenco::Larghezze::Ferme);
+    m_ui->lstEqu->riempi(righe);
 }
 
 void frmRicercaAnagrafica::seleziona() {

@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -22,10 +21,6 @@ public:
         return QStyledItemDelegate::sizeHint(opzioni, indice) + QSize(SpazioFraRighe, SpazioFraRighe);
     }
 };
-
-int chiaveDi(const QTreeWidgetItem* riga) {
-    return riga ? riga->data(0, Qt::UserRole).toInt() : 0;
-}
 
 }  // namespace
 
@@ -42,31 +37,21 @@ Elenco::Elenco(QWidget* padre) : QTreeWidget(padre) {
     header()->setStretchLastSection(true);
 }
 
-void Elenco::riempi(const QList<Riga>& righe, Larghezze larghezze) {
-    const int chiave = chiaveScelta();
-    const int corrente = rigaCorrente();
-    const int chiaveCorrente = chiaveDi(topLevelItem(corrente));
-    const int scorrimento = verticalScrollBar()->value();
-    setUpdatesEnabled(false);
-    clear();
+void Elenco::riempi(const QList<Riga>& righe) {
     QList<QTreeWidgetItem*> elementi;
-    for (const Riga& riga : righe) {
-        auto* elemento = new QTreeWidgetItem(riga.celle);
-        elemento->setData(0, Qt::UserRole, riga.chiave);
+    for (int i = 0; i < righe.size(); ++i) {
+        auto* elemento = new QTreeWidgetItem(righe[i].celle);
+        // A row that is not in the archive is known by its place.
+        elemento->setData(0, Qt::UserRole, righe[i].chiave != 0 ? righe[i].chiave : -i - 1);
         elementi << elemento;
     }
-    addTopLevelItems(elementi);
-    const int stessa = rigaDi(chiaveCorrente);
-    const int riga = stessa >= 0 ? stessa : std::clamp(corrente, 0, std::max(0, topLevelItemCount() - 1));
-    selectionModel()->setCurrentIndex(model()->index(riga, std::max(0, treePosition())),
-                                      QItemSelectionModel::NoUpdate);
-    if (const int scelta = rigaDi(chiave); scelta >= 0)
-        scegli(scelta);
-    if (larghezze == Larghezze::Adatte)
-        adattaColonne();
-    doItemsLayout();
-    verticalScrollBar()->setValue(scorrimento);
-    setUpdatesEnabled(true);
+    sostituisciRighe(this, elementi, PrimaRiga::Corrente);
+    // In a column that is seen: typing searches there.
+    if (currentItem()) {
+        selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(std::max(0, treePosition())),
+                                          QItemSelectionModel::NoUpdate);
+    }
+    adattaColonne();
 }
 
 void Elenco::adattaColonne() {
@@ -75,22 +60,10 @@ void Elenco::adattaColonne() {
 
 void Elenco::scegli(int riga) {
     if (riga < 0) {
-        clearSelection();
+        nonScegliere(this);
     } else {
         setCurrentItem(topLevelItem(riga), std::max(0, treePosition()));
     }
-}
-
-int Elenco::rigaCorrente() const {
-    return indexOfTopLevelItem(currentItem());
-}
-
-int Elenco::rigaDi(int chiave) const {
-    for (int riga = 0; chiave != 0 && riga < topLevelItemCount(); ++riga) {
-        if (chiaveDi(topLevelItem(riga)) == chiave)
-            return riga;
-    }
-    return -1;
 }
 
 int Elenco::scelta() const {
@@ -99,7 +72,8 @@ int Elenco::scelta() const {
 }
 
 int Elenco::chiaveScelta() const {
-    return chiaveDi(topLevelItem(scelta()));
+    const int riga = scelta();
+    return riga < 0 ? 0 : std::max(0, topLevelItem(riga)->data(0, Qt::UserRole).toInt());
 }
 
 void Elenco::drawBranches(QPainter* pittore, const QRect& area, const QModelIndex& indice) const {
@@ -131,27 +105,6 @@ void Elenco::mouseDoubleClickEvent(QMouseEvent* evento) {
     QTreeWidget::mouseDoubleClickEvent(evento);
     if (evento->button() == Qt::LeftButton)
         Q_EMIT aperto();
-}
-
-// With nothing chosen yet, an arrow chooses the current row and Home or End the row it names.
-bool Elenco::scegliConFreccia(int tasto) {
-    const int corrente = rigaCorrente();
-    if (scelta() >= 0 || corrente < 0)
-        return false;
-    switch (tasto) {
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-            scegli(corrente);
-            return true;
-        case Qt::Key_Home:
-            scegli(0);
-            return true;
-        case Qt::Key_End:
-            scegli(topLevelItemCount() - 1);
-            return true;
-        default:
-            return false;
-    }
 }
 
 // In a list with boxes to tick the space bar ticks.
@@ -187,8 +140,7 @@ void Elenco::keyPressEvent(QKeyEvent* evento) {
                 Q_EMIT cancellata();
             return;
         default:
-            if (scegliConFreccia(evento->key()))
-                return;
+            break;
     }
     QTreeWidget::keyPressEvent(evento);
 }

@@ -23,9 +23,8 @@ public:
     [[nodiscard]] bool invioAvanti() const { return m_invioAvanti; }
     void setInvioAvanti(bool avanti) { m_invioAvanti = avanti; }
 
-    // Replaces the rows; the current row stays, and the chosen key stays chosen.
-    enum class Larghezze { Adatte, Ferme };
-    void riempi(const QList<Riga>& righe, Larghezze larghezze = Larghezze::Adatte);
+    // Replaces the rows; the current row stays, chosen or not as it was.
+    void riempi(const QList<Riga>& righe);
     void adattaColonne();
     void scegli(int riga);  // -1 for none
 
@@ -45,10 +44,7 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
-    [[nodiscard]] int rigaCorrente() const;
-    [[nodiscard]] int rigaDi(int chiave) const;  // -1 when it is not there
-    bool scegliConFreccia(int tasto);
-    bool apriConSpazio() const;
+    [[nodiscard]] bool apriConSpazio() const;
 
     bool m_invioAvanti = false;
 };

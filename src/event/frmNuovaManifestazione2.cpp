@@ -81,6 +81,7 @@ void frmNuovaManifestazione2::carica() {
 }
 
 void frmNuovaManifestazione2::azzera() {
+    m_ui->lstRag->scegli(-1);
     m_campi->azzera();
     chiudiPercorso(this, u"txtAAnn"_s, false);
 }

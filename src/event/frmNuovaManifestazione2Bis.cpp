@@ -73,6 +73,7 @@ void frmNuovaManifestazione2Bis::aggiornaElenco() {
 }
 
 void frmNuovaManifestazione2Bis::azzera() {
+    m_ui->lstSqu->scegli(-1);
     mostraTesto(m_ui->txtNom, {});
     m_ui->txtNom->setFocus();
     chiudiPercorso(this, u"txtNom"_s, false);

@@ -88,6 +88,7 @@ void frmNuovaManifestazione3::carica() {
 }
 
 void frmNuovaManifestazione3::azzera(bool ancheData) {
+    m_ui->lstProve->scegli(-1);
     m_campi->azzera(ancheData);
     chiudiPercorso(this, u"cboCon"_s, false);
 }

@@ -44,7 +44,7 @@ void elencaFinestre() {
 class Aperta final {
 public:
     explicit Aperta(int posto) {
-        if (!Conn().isOpen())
+        if (!Conn().aperta())
             ApriDataBase();  // the main window closes it behind itself
         finestra = catalogoFinestre()[static_cast<std::size_t>(posto)].crea();
         finestra->show();
@@ -211,6 +211,8 @@ void tst_TutteLeFinestre::tasti() {
         const QString suo = tasto(controllo);
         if (const auto* etichetta = qobject_cast<QLabel*>(controllo); etichetta && !suo.isEmpty())
             raggiunti << etichetta->buddy();
+        if (qobject_cast<QGroupBox*>(controllo) && !suo.isEmpty())
+            raggiunti << controllo;
         if (suo.isEmpty()) {
             if (qobject_cast<QPushButton*>(controllo))
                 difetti << controllo->objectName() + " non ha un tasto";
