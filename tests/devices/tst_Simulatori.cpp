@@ -20,7 +20,6 @@ private Q_SLOTS:
     void cleanup() { m_programma.reset(); }
     void programmaTag();
     void programmaTabellone();
-    void corsa_data();
     void corsa();
     void scarichi();
     void guasti();
@@ -148,37 +147,32 @@ void tst_Simulatori::programmaTabellone() {
              "[      ]\n[PAr  1]\n[IN   1]\n[  29.95]\n[  14.93]\n[   9.54]\n[P   66]\n");
 }
 
-void tst_Simulatori::corsa_data() {
-    QTest::addColumn<QString>("nome");
-    QTest::addColumn<Dispositivo>("dispositivo");
-    QTest::newRow("CP520") << "CP520" << Dispositivo::CP520;
-    QTest::newRow("CP540") << "CP540" << Dispositivo::CP540;
-}
-
 void tst_Simulatori::corsa() {
-    QFETCH(QString, nome);
-    QFETCH(Dispositivo, dispositivo);
-    Processo tag(SIMULATORE_TAG,
-                 {"--dispositivo=" + nome, "--programma", PercorsoApp, "--com=6", pronto("corsa")});
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
-    QByteArray detto;
-    for (const int ultimo : {5442, 5720, 5411}) {
+    for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
+        Processo tag(SIMULATORE_TAG, {"--dispositivo=" + nomeDispositivo(dispositivo).right(5), "--programma",
+                                      PercorsoApp, "--com=6", pronto("corsa")});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
         const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
         porta->impostaNumero(6);
         RicevitoreFrame ricevitore(dispositivo);
         QList<FrameOnLine> frame;
         connect(porta.get(), &Porta::ricevuto, this,
                 [&] { frame << ricevitore.aggiungi(porta->leggiTutto()); });
-        QVERIFY(porta->apri());
-        QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
-        QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
-        QCOMPARE(tempoTrascorso(dispositivo, frame[3].record), ultimo);
-        porta->chiudi();
-        QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"), Attesa);
-        detto.clear();
+        QByteArray detto;
+        for (const int ultimo : {5442, 5720, 5411}) {
+            QVERIFY(porta->apri());
+            QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
+            QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
+            QCOMPARE(tempoTrascorso(dispositivo, frame[3].record), ultimo);
+            frame.clear();
+            porta->chiudi();
+            QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"),
+                                     Attesa);
+            detto.clear();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
+        QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
     }
-    QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
-    QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
 }
 
 void tst_Simulatori::scarichi() {
