@@ -166,14 +166,14 @@ void tst_FinestreRilevamenti::celleAMeta_data() {
     };
     caso("1", "Invio", "00:00:00:01");
     caso("123456789", "Tab", "12:34:56:78");
-    for (const char* come : {"Su", "+", "-", "clic", "fuoco", "pagina", "chiudi"}) {
+    for (const char* come : {"Su", "+", "-", "clic", "elenco", "fuoco", "pagina", "chiudi"}) {
         caso("12345", come, vecchio);
         caso("012345", come, "00:01:23:45");
     }
     for (const char* come : {"Su", "fuoco"})
         caso("", come, vecchio);
     // Emptied: asked before the crew changes, or the window closes.
-    for (const char* come : {"Invio", "+", "chiudi"})
+    for (const char* come : {"Invio", "+", "elenco", "chiudi"})
         caso("", come, "");
 }
 
@@ -201,6 +201,10 @@ void tst_FinestreRilevamenti::celleAMeta() {
         QTest::mouseClick(grT.viewport(), Qt::LeftButton, {},
                           grT.visualRect(grT.model()->index(3, Colonna::TempoStart)).center());
         QCOMPARE(banco.posto(), "3 2");
+    } else if (come == "elenco") {
+        auto* lstEq = banco.finestra.findChild<QTreeWidget*>("lstEq");
+        QTest::mouseClick(lstEq->viewport(), Qt::LeftButton, {},
+                          lstEq->visualItemRect(lstEq->topLevelItem(1)).center());
     } else if (come == "fuoco") {
         banco.finestra.findChild<QPushButton*>("cmdEsci")->setFocus();
         QCoreApplication::processEvents();
@@ -213,7 +217,7 @@ void tst_FinestreRilevamenti::celleAMeta() {
         tasto(tasti[come]);
     }
     QCOMPARE(tempiDi(m_equipaggi[0])[1], "09:30:00:00>" + arrivo);
-    QCOMPARE(banco.numero(), come == "+" ? "9" : "4");
+    QCOMPARE(banco.numero(), come == "+" || come == "elenco" ? "9" : "4");
     const QString esito = cifre.isEmpty() ? QString() : "PA 1, T. Passaggio : " + arrivo;
     QVERIFY2(banco.etichetta("lblEsito").contains(esito), qPrintable(banco.etichetta("lblEsito")));
     if (arrivo.isEmpty())  // not Null: here, and where the chain has taken it
