@@ -42,6 +42,7 @@ void cediMinimi(QWidget* finestra) {
 // The contents move into an area that scrolls. A child of the window before it takes them: the order of Tab
 // stays.
 void rendiScorrevole(QWidget* finestra) {
+    QWidget* fuoco = finestra->focusWidget();
     auto* zona = new QScrollArea(finestra);
     zona->setObjectName(NomeZona);
     zona->setFrameShape(QFrame::NoFrame);
@@ -55,6 +56,9 @@ void rendiScorrevole(QWidget* finestra) {
     colonna->addWidget(zona);
     zona->show();
     contenuto->show();
+    // A control that changes its parent gives the focus up.
+    if (fuoco)
+        fuoco->setFocus();
 }
 
 // As large as before, with room for the bars and for all its contents where the screen has it.

@@ -1,5 +1,7 @@
 #include "download/ElencoPressostati.h"
 
+#include "common/Elenchi.h"
+
 #include <algorithm>
 #include <QHeaderView>
 
@@ -34,7 +36,6 @@ ElencoPressostati::ElencoPressostati(QWidget* padre) : QTreeWidget(padre) {
 }
 
 void ElencoPressostati::mostra(const QList<Pressostato>& pressostati) {
-    clear();
     QList<QTreeWidgetItem*> righe;
     qsizetype massimo = 1;
     for (const Pressostato& pressostato : pressostati) {
@@ -47,11 +48,9 @@ void ElencoPressostati::mostra(const QList<Pressostato>& pressostati) {
         }
         righe << riga;
     }
-    addTopLevelItems(righe);
+    sostituisciRighe(this, righe, PrimaRiga::Scelta, {colonnaChiave(0), Qt::DisplayRole});
     for (int bersaglio = 1; bersaglio < Bersagli; ++bersaglio)
         setColumnHidden(colonnaTesto(bersaglio), bersaglio >= massimo);
-    if (!righe.isEmpty())
-        setCurrentItem(righe.first());
 }
 
 QList<int> ElencoPressostati::righeScelte() const {

@@ -6,6 +6,7 @@
 #include "common/Subroutine.h"
 #include "download/ElencoPressostati.h"
 
+#include <algorithm>
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QPushButton>
@@ -64,15 +65,15 @@ void FinestraPressostati::preparaGriglie() {
     connect(titoli, &QHeaderView::sectionClicked, this, [this, titoli](int colonna) {
         titoli->setSortIndicator(colonna, Qt::AscendingOrder);
         titoli->setSortIndicatorShown(true);
-        m_tempi.ordina(colonna);
-        m_pressostati.grTempi->selectRow(0);
+        mostraTempi(colonna);
     });
     mostraTempi();
 }
 
-void FinestraPressostati::mostraTempi() {
-    m_tempi.ricarica();
-    m_pressostati.grTempi->selectRow(0);
+void FinestraPressostati::mostraTempi(std::optional<int> ordine) {
+    const int riga = std::max(0, m_pressostati.grTempi->currentIndex().row());
+    ordine ? m_tempi.ordina(*ordine) : m_tempi.ricarica();
+    m_pressostati.grTempi->selectRow(std::min(riga, m_tempi.rowCount() - 1));
 }
 
 QList<Pressostato> FinestraPressostati::scelti() const {

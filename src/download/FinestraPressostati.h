@@ -3,6 +3,8 @@
 #include "download/FinestraScarico.h"
 #include "download/ModelliScarico.h"
 
+#include <optional>
+
 class ElencoPressostati;
 class QCheckBox;
 class QTableView;
@@ -44,7 +46,7 @@ protected:
 
 private:
     void preparaGriglie();
-    void mostraTempi();
+    void mostraTempi(std::optional<int> ordine = {});  // by that column
     void salva();
     void esci();
 

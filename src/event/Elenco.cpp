@@ -47,9 +47,10 @@ void Elenco::riempi(const QList<Riga>& righe) {
     }
     sostituisciRighe(this, elementi, PrimaRiga::Corrente);
     // In a column that is seen: typing searches there.
-    if (currentItem())
+    if (currentItem()) {
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(std::max(0, treePosition())),
                                           QItemSelectionModel::NoUpdate);
+    }
     adattaColonne();
 }
 

@@ -1,6 +1,7 @@
 #include "starts/ElencoOrari.h"
 
-#include <algorithm>
+#include "common/Elenchi.h"
+
 #include <QHeaderView>
 
 using namespace Qt::StringLiterals;
@@ -32,13 +33,10 @@ void ElencoOrari::aggiungi(const OrarioPartenza& orario) {
 }
 
 void ElencoOrari::mostra(const std::vector<OrarioPartenza>& orari) {
-    const int riga = std::max(indexOfTopLevelItem(currentItem()), 0);
-    clear();
     QList<QTreeWidgetItem*> righe;
     for (const OrarioPartenza& orario : orari)
         righe << rigaOrario(orario);
-    addTopLevelItems(righe);
-    setCurrentItem(topLevelItem(std::min(riga, topLevelItemCount() - 1)), Numero);
+    sostituisciRighe(this, righe, PrimaRiga::Scelta, {Chiave, Qt::DisplayRole});
 }
 
 std::vector<OrarioPartenza> ElencoOrari::orari() const {

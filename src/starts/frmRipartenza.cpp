@@ -1,11 +1,11 @@
 #include "starts/frmRipartenza.h"
 
 #include "common/Dialoghi.h"
+#include "common/Elenchi.h"
 #include "starts/OrariDiPartenza.h"
 #include "ui_frmRipartenza.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -21,29 +21,16 @@ frmRipartenza::frmRipartenza(QWidget* padre)
     m_ui->lstPro->hideColumn(Chiave);
     m_ui->lstPro->header()->setStretchLastSection(false);
     m_ui->lstPro->header()->setSectionResizeMode(Nome, QHeaderView::Stretch);
-    for (const ControlloOrario& controllo : leggiControlliOrari()) {
-        new QTreeWidgetItem(m_ui->lstPro,
-                            {controllo.nome, controllo.tempo, QString::number(controllo.idPro)});
-    }
+    QList<QTreeWidgetItem*> righe;
+    for (const ControlloOrario& controllo : leggiControlliOrari())
+        righe << new QTreeWidgetItem({controllo.nome, controllo.tempo, QString::number(controllo.idPro)});
     // The first one is not the chosen one until the operator says so.
-    m_ui->lstPro->setCurrentItem(m_ui->lstPro->topLevelItem(0), Nome, QItemSelectionModel::NoUpdate);
-    m_ui->lstPro->installEventFilter(this);
+    sostituisciRighe(m_ui->lstPro, righe, PrimaRiga::Corrente);
     collega({m_ui->txtTem, m_ui->txtIntervalloPartenze, m_ui->txtPrimoNumero, m_ui->lstOrari, m_ui->cmdGenera,
              m_ui->cmdRicezione, m_ui->cmdSalva, m_ui->cmdEsci});
 }
 
 frmRipartenza::~frmRipartenza() = default;
-
-bool frmRipartenza::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto == m_ui->lstPro && evento->type() == QEvent::KeyPress && !daIDPro()) {
-        const int tasto = static_cast<QKeyEvent&>(*evento).key();
-        if (tasto == Qt::Key_Down || tasto == Qt::Key_Home) {
-            m_ui->lstPro->setCurrentItem(m_ui->lstPro->topLevelItem(0));
-            return true;
-        }
-    }
-    return FinestraOrari::eventFilter(oggetto, evento);
-}
 
 bool frmRipartenza::verifica(const QString& titolo) {
     if (daIDPro())

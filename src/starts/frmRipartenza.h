@@ -17,8 +17,6 @@ public:
     Q_DISABLE_COPY_MOVE(frmRipartenza)
     ~frmRipartenza() override;
 
-    bool eventFilter(QObject* oggetto, QEvent* evento) override;
-
 private:
     bool verifica(const QString& titolo) override;
     [[nodiscard]] std::optional<int> daIDPro() const override;

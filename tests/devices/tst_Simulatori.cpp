@@ -127,13 +127,13 @@ void tst_Simulatori::programmaTabellone() {
     porta->impostaNumero(2);
     QVERIFY(AzzeraTabellone(*porta));
     for (const QString& testo :
-         {tabellonePronto(1), tabellonePartito(1), tabelloneParziale(2501, "CEN"),
-          tabelloneParziale(1785, "CEN"), tabelloneParziale(1190, "CEN"), tabellonePenalita("26")})
+         {tabellonePronto(1), tabellonePartito(1), tabelloneParziale(2995, "CEN"),
+          tabelloneParziale(1493, "CEN"), tabelloneParziale(954, "CEN"), tabellonePenalita("66")})
         QVERIFY(InviaTabellone(*porta, testo));
     QTRY_VERIFY_WITH_TIMEOUT(tabellone.finito(), Attesa);
     QCOMPARE(tabellone.exitCode(), 0);
     QCOMPARE(tabellone.readAllStandardOutput(),
-             "[      ]\n[PAr  1]\n[IN   1]\n[  25.01]\n[  17.85]\n[  11.90]\n[P   26]\n");
+             "[      ]\n[PAr  1]\n[IN   1]\n[  29.95]\n[  14.93]\n[   9.54]\n[P   66]\n");
 }
 
 void tst_Simulatori::corsa() {
@@ -141,7 +141,7 @@ void tst_Simulatori::corsa() {
                  {"--dispositivo=CP520", "--programma", PercorsoApp, "--com=6", pronto("corsa")});
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
     QByteArray detto;
-    for (const int ultimo : {5476, 5474, 5506}) {
+    for (const int ultimo : {5442, 5720, 5411}) {
         const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
         porta->impostaNumero(6);
         RicevitoreFrame ricevitore(Dispositivo::CP520);
@@ -156,8 +156,6 @@ void tst_Simulatori::corsa() {
         QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"), Attesa);
         detto.clear();
     }
-    QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
-    QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
 }
 
 void tst_Simulatori::scarichi() {

@@ -6,21 +6,8 @@ class tst_Manifestazione final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void vecchiaManifestazione();
     void elencoEdEliminazione();
 };
-
-void tst_Manifestazione::vecchiaManifestazione() {
-    const int id = inserisciRiga("Manifestazioni", {{"Nom", "Vecchia"}, {"PrePA", "ORA"}, {"PrePM", "Sec"}});
-    const DatiManifestazione dati = leggiManifestazione(id);
-    for (const char* colonna : {"RagAuto", "FatNoASI", "PenProNonSvo", "ASIeNONASI", "PenMaxAtt"})
-        QCOMPARE(dati[colonna], QString("NO"));
-    QCOMPARE(dati["PrePA"], QString());
-    QCOMPARE(dati["PrePM"], QString("SECONDO"));
-    QCOMPARE(dati["DaDat"], QString());
-    QCOMPARE(dati["TipoCO"], QString("CON"));
-    QVERIFY(leggiManifestazione(id + 1).isEmpty());
-}
 
 void tst_Manifestazione::elencoEdEliminazione() {
     const auto riempi = [](const QString& nome) {

@@ -38,7 +38,6 @@ private:
     std::unique_ptr<BancoOnLine> m_banco;
     QList<int> m_prove;  // a chain of three, then a test alone
     int m_idEqu = 0;
-    Dispositivo m_dispositivo = Dispositivo::CP520;
 };
 
 namespace {
@@ -51,7 +50,7 @@ Catena catenaAttiva() {
 
 void tst_FinestreOnLine::prepara() {
     AtteseRicezione = {.errore = 60, .fineProva = 60, .totale = 60};
-    m_banco = std::make_unique<BancoOnLine>(m_dispositivo);
+    m_banco = std::make_unique<BancoOnLine>();
     nuovaManifestazione();
     m_prove.clear();
     for (int i = 1; i <= 4; ++i) {
@@ -101,60 +100,54 @@ void tst_FinestreOnLine::albero() {
 
 // A crew runs a chain of three; everything that it and the public see, and what the archive holds.
 void tst_FinestreOnLine::catenaSulTabellone() {
-    for (const auto& [dispositivo, pezzo] : {std::pair(Dispositivo::CP520, 7), {Dispositivo::CP540, 1}}) {
-        m_dispositivo = dispositivo;
-        ricomincia();
-        m_programma->impostazioni.valori = {{"com/online", "1"},
-                                            {"com/tabellone", "2"},
-                                            {"chrono/offline", QString::number(int(m_dispositivo))}};
-        m_banco->tag.spezza(pezzo, 1);
-        AtteseRicezione.fineProva = 300;
-        AtteseRicezione.totale = 300;
+    m_banco.reset();  // its ports first
+    m_banco = std::make_unique<BancoOnLine>(Dispositivo::CP540);
+    m_programma->impostazioni.valori = {{"com/online", "1"}, {"com/tabellone", "2"}, {"chrono/offline", "1"}};
+    m_banco->tag.spezza(1, 1);
+    AtteseRicezione.fineProva = 300;
+    AtteseRicezione.totale = 300;
 
-        frmRicezioneONLINE finestra(catenaAttiva());
-        ricevi(finestra, [&](frmRXONLINE& rx) {
-            confronta(
-                rx,
-                "lblEqu=N. 7 - ROSSI-BIANCHI - LANCIA APRILIA;lblTempo=IN PARTENZA...;lblCron=00:00:00:00");
-            QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList({"      ", "PAr  7"}));
-            QCOMPARE(m_banco->linea.formato(), "9600 8N1");
+    frmRicezioneONLINE finestra(catenaAttiva());
+    ricevi(finestra, [&](frmRXONLINE& rx) {
+        confronta(rx,
+                  "lblEqu=N. 7 - ROSSI-BIANCHI - LANCIA APRILIA;lblTempo=IN PARTENZA...;lblCron=00:00:00:00");
+        QTRY_COMPARE(m_banco->tabellone.mostrati(), QStringList({"      ", "PAr  7"}));
+        QCOMPARE(m_banco->linea.formato(), "9600 8N1");
 
-            m_banco->tag.partenza();
-            QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
-            QCOMPARE(rx.palette().color(QPalette::Window), QColor(0, 192, 0));
-            QCOMPARE(letture(), "00:00:00:00> > > > >");
-            QTRY_VERIFY(contenuto(rx, "lblCron") > "00:00:00:00");
+        m_banco->tag.partenza();
+        QTRY_COMPARE(contenuto(rx, "lblTempo"), "PARTITO");
+        QCOMPARE(rx.palette().color(QPalette::Window), QColor(0, 192, 0));
+        QCOMPARE(letture(), "00:00:00:00> > > > >");
+        QTRY_VERIFY(contenuto(rx, "lblCron") > "00:00:00:00");
 
-            m_banco->tag.tempo(6234);
-            QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 1 : 00:01:02:34");
-            confronta(rx, "lblTempo=TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
-            QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 128, 0));
-            QCOMPARE(controllo<QLabel>(rx, "lblTempo")->font().pointSize(), 28);
-            QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
+        m_banco->tag.tempo(6234);
+        QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 1 : 00:01:02:34");
+        confronta(rx, "lblTempo=TEMPO IMPOSTO : 00:01:00:00\nPENALITA' : 234");
+        QCOMPARE(rx.palette().color(QPalette::Window), QColor(255, 128, 0));
+        QCOMPARE(controllo<QLabel>(rx, "lblTempo")->font().pointSize(), 28);
+        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34> > > >");
 
-            m_banco->tag.tempo(12134);
-            QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
-            m_banco->tag.tempo(18135);
-            QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 3 : 00:01:00:01");
-            QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
-            confronta(rx, "lblCron=00:00:00:00");
-            QTRY_COMPARE(contenuto(rx, "lblImp"), "PROVA TERMINATA");
-            confronta(rx, "lblTempo=PENALITA' TOTALI DELLA PROVA : 335");
-            QCOMPARE(rx.palette().color(QPalette::Window), QColor(192, 255, 255));
-            QTRY_VERIFY(!rx.isVisible());
-        });
-        QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34>00:02:01:34 > 00:02:01:34>00:03:01:35 >");
-        QTRY_COMPARE(m_banco->tabellone.mostrati(),
-                     QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
-        QCOMPARE(m_banco->tabellone.frameErrati(), 0);
-        QVERIFY(!m_banco->lineaTabellone.aperto());
-        // The readings are on show behind it.
-        auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
-        QCOMPARE(griglia->modello().righe()[3].tArr, "00:03:01:35");
-        finestra.close();
-        QTRY_COMPARE(m_banco->tabellone.mostrati().last(), "      ");
-    }
-    m_dispositivo = Dispositivo::CP520;
+        m_banco->tag.tempo(12134);
+        QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 2 : 00:00:59:00");
+        m_banco->tag.tempo(18135);
+        QTRY_COMPARE(contenuto(rx, "lblImp"), "TEMPO N° 3 : 00:01:00:01");
+        QVERIFY(!controllo<QPushButton>(rx, "cmdArrestaRicezione")->isEnabled());
+        confronta(rx, "lblCron=00:00:00:00");
+        QTRY_COMPARE(contenuto(rx, "lblImp"), "PROVA TERMINATA");
+        confronta(rx, "lblTempo=PENALITA' TOTALI DELLA PROVA : 335");
+        QCOMPARE(rx.palette().color(QPalette::Window), QColor(192, 255, 255));
+        QTRY_VERIFY(!rx.isVisible());
+    });
+    QCOMPARE(letture(), "00:00:00:00>00:01:02:34 00:01:02:34>00:02:01:34 > 00:02:01:34>00:03:01:35 >");
+    QTRY_COMPARE(m_banco->tabellone.mostrati(),
+                 QStringList({"      ", "PAr  7", "IN   7", "  62.34", "  59.00", "  60.01", "P  335"}));
+    QCOMPARE(m_banco->tabellone.frameErrati(), 0);
+    QVERIFY(!m_banco->lineaTabellone.aperto());
+    // The readings are on show behind it.
+    auto* griglia = controllo<GrigliaRilevamenti>(finestra, "griglia");
+    QCOMPARE(griglia->modello().righe()[3].tArr, "00:03:01:35");
+    finestra.close();
+    QTRY_COMPARE(m_banco->tabellone.mostrati().last(), "      ");
 }
 
 // The window stays as long as its warning, whatever comes and whoever tries to close it.
