@@ -461,7 +461,7 @@ void tst_Creazione::soloTastiera() {
         scriviQui("Coppa");
         for (int i = 0; i < 3; ++i) {
             finoA("cmdAvanti");
-            tasto(Qt::Key_Return);
+            tasto(Qt::Key_Space);
             QVERIFY(pagina());
         }
         for (int i = 1; i <= 20; ++i) {
@@ -470,7 +470,7 @@ void tst_Creazione::soloTastiera() {
             finoA("txtTem");
             scriviQui("000010");
             finoA("cmdAgg");
-            tasto(Qt::Key_Return);
+            tasto(Qt::Key_Space);
         }
         finoA("lstProve");
         tasto(Qt::Key_Down);
@@ -479,10 +479,11 @@ void tst_Creazione::soloTastiera() {
         confronta("txtNom=Prova 20");
         tasto(Qt::Key_Delete);
         finoA("cmdAvanti");
-        tasto(Qt::Key_Return);
+        tasto(Qt::Key_Space);
         QVERIFY(pagina());
         attendiSalvata(programma, true);
-        tasto(Qt::Key_Return);
+        finoA("cmdSalva");
+        tasto(Qt::Key_Space);
     });
     QVERIFY(programma.dialoghi.finite());
     QCOMPARE(contaRighe("Prove", QString("IDMan_FK=%1").arg(id)), 19);
