@@ -5,7 +5,6 @@
 #include "common/DialoghiQt.h"
 #include "common/Schermo.h"
 
-#include <algorithm>
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QLabel>
@@ -108,18 +107,14 @@ void Applicazione::nascosta(const QWidget* finestra) {
     // Not when the operator is in another program.
     if (!finestra->isWindow() || popup || applicationState() != Qt::ApplicationActive)
         return;
+    m_sotto = finestra->parentWidget() ? finestra->parentWidget()->window() : nullptr;
     m_tentativi = Tentativi;
     m_restituzione.start(0);
 }
 
 void Applicazione::restituisciTastiera() {
-    const QWidgetList finestre = topLevelWidgets();
-    QWidget* sotto = activeModalWidget();
-    if (!sotto) {
-        const auto trovata = std::ranges::find_if(finestre, aperta);
-        sotto = trovata == finestre.end() ? nullptr : *trovata;
-    }
-    if (!sotto || sotto->isActiveWindow() || activePopupWidget()) {
+    QWidget* sotto = activeModalWidget() ? activeModalWidget() : m_sotto.get();
+    if (!sotto || !sotto->isVisible() || sotto->isActiveWindow() || activePopupWidget()) {
         m_tentativi = 0;
         return;
     }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <QApplication>
+#include <QPointer>
 #include <QTimer>
 
 class Dialoghi;
@@ -22,5 +23,6 @@ private:
 
     std::unique_ptr<Dialoghi> m_dialoghi;
     QTimer m_restituzione;
-    int m_tentativi = 0;  // that are left to give the keyboard back
+    QPointer<QWidget> m_sotto;  // the window behind the one that closed
+    int m_tentativi = 0;        // that are left to give it the keyboard
 };

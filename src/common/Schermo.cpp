@@ -40,9 +40,9 @@ void cediMinimi(QWidget* finestra) {
 }
 
 // The contents move into an area that scrolls. A child of the window before it takes them: the order of Tab
-// stays.
-void rendiScorrevole(QWidget* finestra) {
-    QWidget* fuoco = finestra->focusWidget();
+// stays. Gives the size that shows them all.
+QSize rendiScorrevole(QWidget* finestra) {
+    QWidget* fuoco = finestra->focusWidget();  // a change of parent takes it away
     auto* zona = new QScrollArea(finestra);
     zona->setObjectName(NomeZona);
     zona->setFrameShape(QFrame::NoFrame);
@@ -56,18 +56,10 @@ void rendiScorrevole(QWidget* finestra) {
     colonna->addWidget(zona);
     zona->show();
     contenuto->show();
-    // A control that changes its parent gives the focus up.
     if (fuoco)
-        fuoco->setFocus();
-}
-
-// As large as before, with room for the bars and for all its contents where the screen has it.
-QSize misuraVoluta(const QWidget* finestra) {
-    const auto* zona = finestra->findChild<QScrollArea*>(NomeZona, Qt::FindDirectChildrenOnly);
-    if (!zona)
-        return finestra->size();
+        fuoco->setFocus(Qt::OtherFocusReason);
     const int barra = zona->verticalScrollBar()->sizeHint().width();
-    return finestra->size().expandedTo(minimo(zona->widget()) + QSize(barra, barra));
+    return minimo(contenuto) + QSize(barra, barra);
 }
 
 }  // namespace
@@ -78,14 +70,16 @@ QSize spazioSulloSchermo(const QWidget* finestra) {
 
 void adattaAlloSchermo(QWidget* finestra) {
     const QSize spazio = spazioSulloSchermo(finestra);
+    QSize misura = finestra->size();
     if (finestra->layout() && qobject_cast<QDialog*>(finestra)) {
         if (eccede(minimo(finestra).expandedTo(finestra->minimumSize()), spazio))
             cediMinimi(finestra);
         if (eccede(minimo(finestra), spazio))
-            rendiScorrevole(finestra);
+            misura = misura.expandedTo(rendiScorrevole(finestra));
     }
-    if (const QSize misura = misuraVoluta(finestra).boundedTo(spazio); misura != finestra->size())
-        finestra->resize(misura);
+    const bool intera = finestra->isMaximized() || finestra->isFullScreen();
+    if (!intera && (eccede(misura, spazio) || misura != finestra->size()))
+        finestra->resize(misura.boundedTo(spazio));
 }
 
 void portaInVista(QWidget* controllo) {

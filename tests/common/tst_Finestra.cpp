@@ -8,6 +8,7 @@
 #include "common/TastiMenu.h"
 #include "supporto/ProvaFinestre.h"
 
+#include <sys/stat.h>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>
@@ -238,7 +239,11 @@ void tst_Finestra::lettereConAlt() {
 }
 
 void tst_Finestra::testoSemplice() {
-    const QString nome("<b>ROSSI</b>");
+    // A name that asks for a file: reading this one would never end.
+    const QTemporaryDir cartella;
+    const QString coda = cartella.filePath("coda");
+    QCOMPARE(mkfifo(qPrintable(coda), 0600), 0);
+    const QString nome = "<img src=\"" + coda + "\">";
     QLabel etichetta(nome);
     QCOMPARE(etichetta.sizeHint().width(), QFontMetrics(etichetta.font()).horizontalAdvance(nome));
     etichetta.show();
