@@ -26,9 +26,10 @@ RigaDiComando::RigaDiComando(const QStringList& argomenti, const QString& aiuto,
         if (nota == opzioni.end())
             rifiuta(u"opzione sconosciuta: "_s + nome);
         const bool unita = argomento->size() > nome.size();
-        if (unita != nota->conValore && (unita || argomento + 1 == argomenti.end()))
-            rifiuta(unita ? u"l'opzione %1 non vuole un valore"_s.arg(nome)
-                          : u"all'opzione %1 manca il valore"_s.arg(nome));
+        if (unita && !nota->conValore)
+            rifiuta(u"l'opzione %1 non vuole un valore"_s.arg(nome));
+        if (!unita && nota->conValore && argomento + 1 == argomenti.end())
+            rifiuta(u"all'opzione %1 manca il valore"_s.arg(nome));
         m_valori[nota->nome] = unita             ? argomento->sliced(nome.size() + 1)
                                : nota->conValore ? *++argomento
                                                  : QString();

@@ -18,6 +18,7 @@ Uso: simulatore_tabellone [--programma CARTELLA] [--com N] [COPIONE]
 
 Collega uno pseudo-terminale come porta N (porte/comN nella cartella del programma) e scrive una riga, [######],
 a ogni cambiamento. Esegue il copione, un comando per riga; senza copione legge i comandi dalla tastiera.
+Se non si dicono, la cartella è quella in cui ci si trova e N è 1.
 
   attendi testo "TESTO"     fino a che il tabellone mostra TESTO; dopo dieci minuti è un errore
 )";

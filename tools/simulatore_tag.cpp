@@ -19,6 +19,7 @@ Uso: simulatore_tag [--dispositivo CP520|CP540] [--programma CARTELLA] [--com N]
 Collega uno pseudo-terminale come porta N (porte/comN nella cartella del programma) ed esegue il copione, un
 comando per riga; senza copione legge i comandi dalla tastiera. "#" apre un commento. Scrive quando il programma
 apre la porta e quando la chiude.
+Se non si dicono, la cartella è quella in cui ci si trova e N è 1; il cronometro è un CP540.
 
   partenza                  impulso di partenza (on-line)
   tempo M:SS.CC             tempo trascorso (on-line)

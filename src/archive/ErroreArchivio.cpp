@@ -21,7 +21,9 @@ QString spiegazione(int codice) {
         case SQLITE_IOERR:
             return u"Il disco dell'archivio non risponde correttamente."_s;
         case SQLITE_CORRUPT:
-            return u"L'archivio è danneggiato. Ripristinare l'ultima copia dalla cartella Backup."_s;
+            return u"L'archivio è danneggiato. Spostare altrove mdvlm.mdb e, se c'è, mdvlm.mdb-journal, e "
+                   u"rimettere "
+                   "al loro posto l'ultima copia della cartella Backup."_s;
         case SQLITE_FULL:
             return u"Il disco è pieno: liberare spazio e ripetere l'operazione."_s;
         case SQLITE_CANTOPEN:

@@ -1,5 +1,7 @@
 #include "entries/ElencoIscritti.h"
 
+#include "archive/Testi.h"
+
 #include <algorithm>
 #include <QSignalBlocker>
 
@@ -20,7 +22,7 @@ public:
         const int colonna = treeWidget()->sortColumn();
         if (colonna != ElencoIscritti::Conducente)
             return data(colonna, Qt::DisplayRole).toInt() < altra.data(colonna, Qt::DisplayRole).toInt();
-        return text(colonna).compare(altra.text(colonna), Qt::CaseInsensitive) < 0;
+        return confrontaTesti(text(colonna), altra.text(colonna)) < 0;
     }
 };
 

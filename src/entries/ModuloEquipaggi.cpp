@@ -370,5 +370,8 @@ bool ModuloEquipaggi::puoChiudere() {
         avverti(u"Impossibile Uscire Adesso"_s, u"Salvare o Annullare l'Inserimento dell'Equipaggio"_s);
         return false;
     }
-    return m_txtIDEqu->text().isEmpty() || (lasciaCampo() && riscrivi());
+    return m_txtIDEqu->text().isEmpty() ||
+           lasciaDopo(
+               [this] { return lasciaCampo() && riscrivi(); },
+               [this] { return u"l'equipaggio n. %1, com'è ora nella finestra"_s.arg(m_txtNum->text()); });
 }

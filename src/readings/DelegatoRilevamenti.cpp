@@ -145,7 +145,9 @@ bool DelegatoRilevamenti::tasto(const QKeyEvent& evento) {
 }
 
 bool DelegatoRilevamenti::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto != m_editor)
+    // One that is going with its window is no line edit any more.
+    const auto* editor = qobject_cast<QLineEdit*>(oggetto);
+    if (!editor || editor != m_editor)
         return QStyledItemDelegate::eventFilter(oggetto, evento);
     if (evento->type() == QEvent::KeyPress && tasto(static_cast<QKeyEvent&>(*evento)))
         return true;

@@ -20,7 +20,6 @@ private Q_SLOTS:
     void cleanup() { m_programma.reset(); }
     void programmaTag();
     void programmaTabellone();
-    void corsa_data();
     void corsa();
     void scarichi();
     void guasti();
@@ -139,46 +138,41 @@ void tst_Simulatori::programmaTabellone() {
     porta->impostaNumero(2);
     QVERIFY(AzzeraTabellone(*porta));
     for (const QString& testo :
-         {tabellonePronto(1), tabellonePartito(1), tabelloneParziale(2501, "CEN"),
-          tabelloneParziale(1785, "CEN"), tabelloneParziale(1190, "CEN"), tabellonePenalita("26")})
+         {tabellonePronto(1), tabellonePartito(1), tabelloneParziale(2995, "CEN"),
+          tabelloneParziale(1493, "CEN"), tabelloneParziale(954, "CEN"), tabellonePenalita("66")})
         QVERIFY(InviaTabellone(*porta, testo));
     QTRY_VERIFY_WITH_TIMEOUT(tabellone.finito(), Attesa);
     QCOMPARE(tabellone.exitCode(), 0);
     QCOMPARE(tabellone.readAllStandardOutput(),
-             "[      ]\n[PAr  1]\n[IN   1]\n[  25.01]\n[  17.85]\n[  11.90]\n[P   26]\n");
-}
-
-void tst_Simulatori::corsa_data() {
-    QTest::addColumn<QString>("nome");
-    QTest::addColumn<Dispositivo>("dispositivo");
-    QTest::newRow("CP520") << "CP520" << Dispositivo::CP520;
-    QTest::newRow("CP540") << "CP540" << Dispositivo::CP540;
+             "[      ]\n[PAr  1]\n[IN   1]\n[  29.95]\n[  14.93]\n[   9.54]\n[P   66]\n");
 }
 
 void tst_Simulatori::corsa() {
-    QFETCH(QString, nome);
-    QFETCH(Dispositivo, dispositivo);
-    Processo tag(SIMULATORE_TAG,
-                 {"--dispositivo=" + nome, "--programma", PercorsoApp, "--com=6", pronto("corsa")});
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
-    QByteArray detto;
-    for (const int ultimo : {5476, 5474, 5506}) {
+    for (const Dispositivo dispositivo : {Dispositivo::CP520, Dispositivo::CP540}) {
+        Processo tag(SIMULATORE_TAG, {"--dispositivo=" + nomeDispositivo(dispositivo).right(5), "--programma",
+                                      PercorsoApp, "--com=6", pronto("corsa")});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
         const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
         porta->impostaNumero(6);
         RicevitoreFrame ricevitore(dispositivo);
         QList<FrameOnLine> frame;
         connect(porta.get(), &Porta::ricevuto, this,
                 [&] { frame << ricevitore.aggiungi(porta->leggiTutto()); });
-        QVERIFY(porta->apri());
-        QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
-        QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
-        QCOMPARE(tempoTrascorso(dispositivo, frame[3].record), ultimo);
-        porta->chiudi();
-        QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"), Attesa);
-        detto.clear();
+        QByteArray detto;
+        for (const int ultimo : {5442, 5720, 5411}) {
+            QVERIFY(porta->apri());
+            QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
+            QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
+            QCOMPARE(tempoTrascorso(dispositivo, frame[3].record), ultimo);
+            frame.clear();
+            porta->chiudi();
+            QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"),
+                                     Attesa);
+            detto.clear();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
+        QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
     }
-    QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
-    QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
 }
 
 void tst_Simulatori::scarichi() {

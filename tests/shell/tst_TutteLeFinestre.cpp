@@ -78,7 +78,7 @@ double luminanza(const QColor& colore) {
 }
 
 double contrasto(const QColor& uno, const QColor& altro) {
-    const auto [minore, maggiore] = std::minmax(luminanza(uno), luminanza(altro));
+    const auto [minore, maggiore] = std::minmax({luminanza(uno), luminanza(altro)});
     return (maggiore + 0.05) / (minore + 0.05);
 }
 

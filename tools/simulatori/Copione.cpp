@@ -15,13 +15,14 @@ constexpr qint64 AperturaStabile = 100;  // milliseconds
 Copione::Copione(PseudoTerminale& linea, Esecutore esecutore)
     : m_linea(linea), m_esecutore(std::move(esecutore)) {
     connect(&m_giro, &QTimer::timeout, this, &Copione::giro);
+    connect(this, &Copione::aggiunte, this, &Copione::giro, Qt::QueuedConnection);
     m_giro.start(OgniQuanto);
 }
 
 void Copione::aggiungi(const QString& righe) {
     m_righe << righe.split(u'\n');
     // Before anything that has come on the line is looked at.
-    QMetaObject::invokeMethod(this, &Copione::giro, Qt::QueuedConnection);
+    Q_EMIT aggiunte(QPrivateSignal());
 }
 
 void Copione::giro() {

@@ -42,6 +42,7 @@ public:
 Q_SIGNALS:
     void errore(int riga, const QString& testo);  // the line is passed over
     void fine();
+    void aggiunte(QPrivateSignal);  // to itself, through the event loop
 
 private:
     void giro();

@@ -18,8 +18,7 @@ constexpr int MassimaPorta = 9;
 OpzioniSimulatore::OpzioniSimulatore(const QString& aiuto, const QList<RigaDiComando::Opzione>& proprie)
     : m_righe(
           QCoreApplication::arguments().sliced(1), aiuto + QString::fromUtf8(AiutoCopione),
-          QList<RigaDiComando::Opzione>{{u"programma"_s, true, u"programma"_s}, {u"com"_s, true, u"1"_s}} +
-              proprie,
+          QList<RigaDiComando::Opzione>{{u"programma"_s, true, u"."_s}, {u"com"_s, true, u"1"_s}} + proprie,
           {0, 1}) {
     if (porta() < 1 || porta() > MassimaPorta)
         RigaDiComando::rifiuta(u"--com: un numero da 1 a %1"_s.arg(MassimaPorta));
