@@ -53,11 +53,10 @@ void ModelloRilevamenti::mostra(int idEqu, bool asi) {
     m_calcoli.clear();
     for (const RigaRilevamento& riga : m_righe)
         m_calcoli.push_back(calcola(riga));
-    if (!stesse) {
+    if (!stesse)
         endResetModel();
-    } else if (!m_righe.empty()) {
+    if (stesse && !m_righe.empty())
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, Colonne - 1));
-    }
     Q_EMIT totaleCambiato();
 }
 
