@@ -202,7 +202,7 @@ void tst_Penalita::rigaMancante() {
     attendiErrore(4);
     QCOMPARE(PenalitaAggiunte(4, QString(), true), 8.0);
     QVERIFY_EXCEPTION_THROWN(TempiCompleti(4), Errore);
-    attendiErrore(programma, 4);
+    attendiErrore(4);
     QCOMPARE(PenalitaTempi(4, "31/02/2026", false), 0.0);
 
     dialoghi().attendiMessaggio("Attenzione: Errore nelle Penalità", QString(), Icona::Stop);
