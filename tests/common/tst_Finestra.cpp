@@ -77,9 +77,7 @@ private Q_SLOTS:
     void scatole();
     void lettereConAlt();
     void testoSemplice();
-    void campoRifiutato();
     void righe();
-    void menu();
 };
 
 void tst_Finestra::invioVaAvantiEColora() {
@@ -255,19 +253,6 @@ void tst_Finestra::testoSemplice() {
     QCOMPARE(qobject_cast<QLabel*>(*suggerimento)->textFormat(), Qt::PlainText);
 }
 
-void tst_Finestra::campoRifiutato() {
-    FinestraDiProva finestra;
-    ControlliUscita uscita(&finestra);
-    uscita.aggiungiMascherato(&finestra.primo, Maschera::Data);
-    mostra(finestra);
-    finestra.primo.setFocus();
-    QTest::keyClicks(&finestra.primo, "31022026");
-    QTest::keyClick(&finestra.primo, Qt::Key_Tab);
-    QTRY_COMPARE(QApplication::focusWidget(), &finestra.primo);
-    QTest::keyClicks(&finestra.primo, "15062026");
-    QCOMPARE(finestra.primo.text(), QString("15/06/2026"));
-}
-
 void tst_Finestra::righe() {
     QTreeWidget elenco;
     const auto riempi = [&](const QList<int>& chiavi, PrimaRiga prima) {
@@ -299,19 +284,6 @@ void tst_Finestra::righe() {
     }
     riempi({7, 9}, PrimaRiga::Corrente);
     QCOMPARE(corrente(), -9);
-}
-
-void tst_Finestra::menu() {
-    QMainWindow finestra;
-    const TastiMenu tasti(&finestra);
-    const QMenu* primo = finestra.menuBar()->addMenu("&Primo");
-    mostra(finestra);
-    QTest::keyPress(&finestra, Qt::Key_Alt);
-    QTest::keyClick(&finestra, Qt::Key_X, Qt::AltModifier);
-    QTest::keyRelease(&finestra, Qt::Key_Alt);
-    QVERIFY(!primo->isVisible());
-    QTest::keyClick(&finestra, Qt::Key_Alt);
-    QVERIFY(primo->isVisible());
 }
 
 PROVA_FINESTRE(tst_Finestra)

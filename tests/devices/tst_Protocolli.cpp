@@ -14,7 +14,6 @@ private Q_SLOTS:
     void sommaDiControllo();
     void manche();
     void tabellone();
-    void portaDelTabellone();
     void nonSiRiapre();
     void gestoreCheFerma();
     void attesaPrecisa();
@@ -78,24 +77,6 @@ void tst_Protocolli::tabellone() {
         }
         QCOMPARE(frameTabellone(testo), codici + '\x03');
     }
-}
-
-// A message opens and closes the port, unless it is held open.
-void tst_Protocolli::portaDelTabellone() {
-    FabbricaDiProva fabbrica;
-    const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Tabellone);
-    PortaDiProva& prova = *fabbrica.ultima();
-    QVERIFY(InviaTabellone(*porta, u"IN  12"));
-    QVERIFY(!porta->aperta());
-    QVERIFY(porta->apri());
-    QVERIFY(AzzeraTabellone(*porta));
-    QVERIFY(porta->aperta());
-    QCOMPARE(prova.aperture, 2);
-    QCOMPARE(prova.scritti, "\x02\x11IN  12\x03\x02\x11      \x03");
-    porta->chiudi();
-    prova.guastoInApertura = {13, "Porta Inesistente"};
-    QVERIFY(!InviaTabellone(*porta, u"1"));
-    QCOMPARE(porta->guasto().testo(), "Errore n. : 13 - Porta Inesistente");
 }
 
 // The line goes away while the operator types the heat.

@@ -20,9 +20,7 @@ public:
 private Q_SLOTS:
     void programmaTag();
     void programmaTabellone();
-    void corsa();
     void scarichi();
-    void guasti();
     void rigaDiComando();
 };
 
@@ -136,28 +134,6 @@ void tst_Simulatori::programmaTabellone() {
              "[      ]\n[PAr  1]\n[IN   1]\n[  29.95]\n[  14.93]\n[   9.54]\n[P   66]\n");
 }
 
-void tst_Simulatori::corsa() {
-    Processo tag(SIMULATORE_TAG,
-                 {"--dispositivo=CP520", "--programma", PercorsoApp, "--com=6", pronto("corsa")});
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
-    QByteArray detto;
-    for (const int ultimo : {5442, 5720, 5411}) {
-        const std::unique_ptr<Porta> porta = FabbricaPorte::corrente().crea(Linea::Cronometro);
-        porta->impostaNumero(6);
-        RicevitoreFrame ricevitore(Dispositivo::CP520);
-        QList<FrameOnLine> frame;
-        connect(porta.get(), &Porta::ricevuto, this,
-                [&] { frame << ricevitore.aggiungi(porta->leggiTutto()); });
-        QVERIFY(porta->apri());
-        QTRY_COMPARE_WITH_TIMEOUT(frame.size(), 4, Attesa);
-        QCOMPARE(frame[0].tipo, TipoFrame::Partenza);
-        QCOMPARE(tempoTrascorso(Dispositivo::CP520, frame[3].record), ultimo);
-        porta->chiudi();
-        QTRY_VERIFY_WITH_TIMEOUT((detto += tag.readAllStandardOutput()).endsWith("porta chiusa\n"), Attesa);
-        detto.clear();
-    }
-}
-
 void tst_Simulatori::scarichi() {
     AtteseLinea.silenzioCP520 = 300;
     for (const auto& [nome, dispositivo, tanti, ultimo] :
@@ -174,37 +150,6 @@ void tst_Simulatori::scarichi() {
         QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
     }
     AtteseLinea = {};
-}
-
-void tst_Simulatori::guasti() {
-    AtteseLinea.rispostaCP540 = 300;
-    Processo tag(SIMULATORE_TAG, {"--programma", PercorsoApp, "--com", "6", pronto("guasti-cp540")});
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
-    QCOMPARE(scarica(Dispositivo::CP540), QStringList("no answer"));
-    for (const bool staccata : {false, false, true}) {
-        tag.write("\n");
-        AtteseLinea.rispostaCP540 = staccata ? 60000 : 300;
-        Scaricamento scaricamento;
-        const QSignalSpy dati(&scaricamento, &Scaricamento::datiInArrivo);
-        const QSignalSpy guasta(&scaricamento, &Scaricamento::guasta);
-        connect(&scaricamento, &Scaricamento::mancheRichiesta, [&] { scaricamento.manche("1"); });
-        // The simulator may not have seen the key yet.
-        connect(&scaricamento, &Scaricamento::nessunaRisposta,
-                [&] { scaricamento.inizia(Dispositivo::CP540, 6); });
-        QVERIFY(scaricamento.inizia(Dispositivo::CP540, 6));
-        QTRY_COMPARE_WITH_TIMEOUT(dati.size(), 1, Attesa);
-        if (staccata)
-            tag.write("\n");
-        QTRY_COMPARE_WITH_TIMEOUT(guasta.size(), staccata ? 1 : 0, Attesa);
-        QCOMPARE(scaricamento.stato(),
-                 staccata ? Conversazione::Stato::Ferma : Conversazione::Stato::Ricezione);
-    }
-    tag.write("\n");
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(PercorsoApp + "/porte/com6"), Attesa);
-    QCOMPARE(scarica(Dispositivo::CP540), QStringList({"1 15:24:14:00", "1 15:36:14:00", "2 15:24:52:00"}));
-    tag.write("\n");
-    QTRY_VERIFY_WITH_TIMEOUT(tag.finito(), Attesa);
-    QCOMPARE(QString::number(tag.exitCode()) + tag.readAllStandardError(), "0");
 }
 
 void tst_Simulatori::rigaDiComando() {

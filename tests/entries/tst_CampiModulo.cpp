@@ -9,8 +9,6 @@ private Q_SLOTS:
     void gruppoAutomatico();
     void date();
     void copia();
-    void filtri();
-    void completamento();
     void rotella();
 };
 
@@ -129,23 +127,6 @@ void tst_CampiModulo::copia() {
     box("txtAnn")->setFocus();
     QTest::keyClick(box("txtAnn"), Qt::Key_Tab);
     confronta("cboGruppo=G");
-}
-
-void tst_CampiModulo::filtri() {
-    apri();
-    for (const char* nome : {"txtAnn", "txtCap", "txtCil", "txtNum"}) {
-        QTest::keyClicks(box(nome), "1a9-,");
-        QCOMPARE(testo(nome), QString("19"));
-    }
-}
-
-void tst_CampiModulo::completamento() {
-    nuovoEquipaggio(1, {{"Cog", "7bello"}, {"MotEsc", "7bello"}, {"Tel", "7bello"}, {"Tar", "7bello"}});
-    nuovaManifestazione();  // values of all events complete
-    apri();
-    for (const char* nome : {"txtCog", "txtMotEsc", "txtTel", "txtTar"})
-        QTest::keyClicks(box(nome), "7");
-    confronta("txtCog=7BELLO;txtMotEsc=7BELLO;txtTel=7;txtTar=7");
 }
 
 void tst_CampiModulo::rotella() {

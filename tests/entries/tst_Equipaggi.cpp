@@ -11,7 +11,6 @@ private Q_SLOTS:
     void soloNumero();
     void riscrittura();
     void maschere();
-    void copia();
     void uccisoAMeta();
 };
 
@@ -116,22 +115,6 @@ void tst_Equipaggi::maschere() {
     QCOMPARE(dataPerMaschera("0050-02-01"), QString("01/02/0050"));
     QCOMPARE(dataPerMaschera("01/02/50"), QString("01/02/0050"));
     QCOMPARE(dataPerMaschera("01/02/"), QString("01/02/0000"));
-}
-
-void tst_Equipaggi::copia() {
-    nuovaManifestazione();
-    const SchedaEquipaggio archivio = scheda(
-        "Cog=d'angelò;Nom=Ugo;Ses=f;Ind=via;Cit=asti;Pro=at;RilDa=mctc;Clu=club;Mar=fiat;Mod=topolino;Tar=at "
-        "1;"
-        "Com=sai;NomNav=ada;CogNav=neri;Ema=x@y.it;Pat=ab1;Pol=ab2;Tes=ab3;Omo=ab4;Tel=;SesNav=?;Cil=1298.5;"
-        "ScaPat=2030-01-02;IDGru_FK=3;Not=nota;MotEsc=m");
-    QVariantMap valori;
-    for (auto voce = archivio.cbegin(); voce != archivio.cend(); ++voce)
-        valori[voce.key()] = *voce;
-    QCOMPARE(copiaDaArchivio(nuovoEquipaggio(9, valori)),
-             scheda("Cog=D'ANGELÒ;Nom=UGO;Ses=F;Ind=VIA;Cit=ASTI;Pro=AT;RilDa=MCTC;Clu=CLUB;Mar=FIAT;"
-                    "Mod=TOPOLINO;Tar=AT 1;Com=SAI;NomNav=ADA;CogNav=NERI;Ema=x@y.it;Pat=ab1;Pol=ab2;Tes=ab3;"
-                    "Omo=ab4;Tel=;SesNav=;Cil=1298,5;ScaPat=02/01/2030;Ann=1955"));
 }
 
 void tst_Equipaggi::uccisoAMeta() {

@@ -14,7 +14,6 @@ class tst_Gruppi final : public ProvaConProgramma {
 
 private Q_SLOTS:
     void verifica();
-    void titoli();
     void anno();
     void riassegnazione();
 };
@@ -57,16 +56,6 @@ void tst_Gruppi::verifica() {
         QCOMPARE((QStringList{rifiuto.titolo, rifiuto.testo, rifiuto.campo}),
                  (QStringList{titolo, testo, campo}));
         QCOMPARE(rifiuto.icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
-    }
-}
-
-void tst_Gruppi::titoli() {
-    using enum Operazione;
-    for (const auto& [operazione, titolo] : {std::pair{Aggiunta, "Impossbile Aggiungere"},
-                                             std::pair{ModificaInCreazione, "Impossibile Modificare"},
-                                             std::pair{ModificaInArchivio, "Impossibile Aggiungere"}}) {
-        QCOMPARE(verificaGruppo({}, {}, false, operazione)->titolo, QString(titolo));
-        QCOMPARE(verificaSquadra({}, operazione)->titolo, QString(titolo));
     }
 }
 

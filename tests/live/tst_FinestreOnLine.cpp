@@ -25,7 +25,6 @@ private Q_SLOTS:
     void numero();
     void sceltaTabellone();
     void impostazioni();
-    void correzioni();
     void classifica();
 
 private:
@@ -360,17 +359,6 @@ void tst_FinestreOnLine::impostazioni() {
         finestra.close();
         QCOMPARE(valori == prima, prima == lasciati);
     }
-}
-
-// Readings are corrected in the grid as at reception: a time runs along the chain.
-void tst_FinestreOnLine::correzioni() {
-    frmRicezioneONLINE finestra(catenaAttiva());
-    mostra(finestra);
-    vai(finestra, 0, Colonna::TempoPassaggio);
-    digita("010234");
-    // Left open: the window stores it before it goes on.
-    finestra.close();
-    QCOMPARE(letture(), ">00:01:02:34 00:01:02:34> > > >");
 }
 
 void tst_FinestreOnLine::classifica() {

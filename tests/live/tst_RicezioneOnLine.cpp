@@ -17,7 +17,6 @@ private Q_SLOTS:
     void penalita();
     void fuoriPasso();
     void catene();
-    void orologioFormati();
     void orologioPuntuale();
     void orologioCambioFormato();
 
@@ -257,17 +256,6 @@ void tst_RicezioneOnLine::catene() {
             catene << posti.join(',');
         }
         QCOMPARE(catene.join('/'), attese);
-    }
-}
-
-void tst_RicezioneOnLine::orologioFormati() {
-    for (const auto& [formato, centesimi, testo] :  // one tick later
-         {std::tuple{2, 4529678, "2:34:56:8"}, {1, 3240000, "9:00:01:"}, {1, 8639950, "24:00:00"}}) {
-        OrologioTabellone orologio;
-        orologio.impostaFormato(formato);
-        orologio.sincronizza(centesimi, 9'123'456'789);
-        const qint64 prossimo = 9'123'456'789 + orologio.alProssimo(9'123'456'789) * 1'000'000LL;
-        QCOMPARE(orologio.batti(prossimo), testo);
     }
 }
 

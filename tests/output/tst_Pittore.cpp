@@ -16,7 +16,6 @@ class tst_Pittore final : public QObject {
 private Q_SLOTS:
     void gruppiInsieme();
     void esclusiAlFondoOInCoda();
-    void celleLungheVannoACapo();
     void testiAlLoroPosto_data();
     void testiAlLoroPosto();
     void virgoleInColonna();
@@ -155,14 +154,6 @@ void tst_Pittore::esclusiAlFondoOInCoda() {
         coda += std::ranges::count(pagina.elementi, Pezzo::Coda, &Elemento::pezzo);
     QCOMPARE(coda, molti.righeEsclusi().size() + 1);
     QCOMPARE(righeDi(molti.pagine().first()), 30);  // the rows keep their room
-}
-
-void tst_Pittore::celleLungheVannoACapo() {
-    Rapporto r = classifica(3);
-    r.gruppi[0].righe[1][1] = QStringLiteral("sosta oltre il tempo massimo ").repeated(12);
-    const QList<Elemento> elementi = Pittore(r, A4).pagine().first().elementi;
-    QVERIFY(elementi.at(2).altezza > elementi.at(1).altezza * 2);
-    QCOMPARE(elementi.at(3).altezza, elementi.at(1).altezza);
 }
 
 void tst_Pittore::testiAlLoroPosto_data() {

@@ -19,7 +19,6 @@ private Q_SLOTS:
     void schedaComeLaPenalitaTotale();
     void schedaIntera();
     void schedePerEquipaggio();
-    void vuoti();
 
 private:
     void prepara() override { nuovaManifestazione(); }
@@ -293,18 +292,6 @@ void tst_RapportiDefiniti::schedePerEquipaggio() {
     QCOMPARE(posizioni.size(), 3);  // nothing on a group
     QCOMPARE(posizioni.at(1).valore, QStringLiteral("ESC"));
     QCOMPARE(posizioni.at(2).etichetta, QStringLiteral("Class. NON ASI :"));
-}
-
-// Every kind is made without a row.
-void tst_RapportiDefiniti::vuoti() {
-    for (const char* tipo :
-         {"Classifica", "PenalitàAggiuntive", "ProspettoPenCoeff", "Lista", "ListaConOrari", "VerificheTutti",
-          "VerificheASI", "VerificheNONASI", "ClassificaProva", "ProspettoTempi", "ProspettoTempiCompresso",
-          "Schede", "ClassificaSquadre"}) {
-        const Rapporto r = componi(QString::fromUtf8(tipo));
-        QVERIFY2(r.righe().isEmpty() && !r.colonne.isEmpty(), tipo);
-    }
-    QVERIFY_EXCEPTION_THROWN(componi("classifica"), Errore);
 }
 
 QTEST_GUILESS_MAIN(tst_RapportiDefiniti)

@@ -61,8 +61,6 @@ class tst_FinestreRilevamenti final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void digitazione();
-    void invioPassaAvanti();
     void celleAMeta();
     void tastiDegliEquipaggi();
     void equipaggioIllegibile();
@@ -74,7 +72,6 @@ private Q_SLOTS:
     void correzioneConLAlbero();
     void penalitaDigitate();
     void penalitaRifiutate();
-    void penalitaStampate();
 
 private:
     void prepara() override;
@@ -103,31 +100,6 @@ void tst_FinestreRilevamenti::ordina(int equipaggio) {
         const QStringList tempi = Giusti[i].split('>');
         scriviRilevamento(m_equipaggi[equipaggio], m_prove[i], tempi[0], tempi[1]);
     }
-}
-
-void tst_FinestreRilevamenti::digitazione() {
-    Banco banco;
-    vai(banco.finestra, 0, Colonna::TempoPassaggio);
-    digita("09:3");  // what is no digit is passed over
-    tasto(Qt::Key_Backspace);
-    QCOMPARE(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), QString("00:00:00:09"));
-    digita("301520");
-    tasto(Qt::Key_Return);
-    // Cut to the minute of a CO; the start of the next test and of the next CO take it.
-    QCOMPARE(tempiDi(m_equipaggi[0]),
-             QStringList({">09:30:00:00", "09:30:00:00>", ">", ">", "09:30:00:00>"}));
-}
-
-void tst_FinestreRilevamenti::invioPassaAvanti() {
-    Banco banco;
-    QVERIFY(banco.grT()->hasFocus());
-    QStringList posti{banco.posto()};
-    for (int i = 0; i < 7; ++i) {
-        tasto(i % 2 == 0 ? Qt::Key_Return : Qt::Key_Tab);
-        posti << banco.posto();
-    }
-    // Chained starts are passed over.
-    QCOMPARE(posti, QStringList({"0 2", "0 3", "1 3", "2 3", "3 2", "3 3", "4 3", "4 3"}));
 }
 
 // How many digits make a time when the cell is left, and by what.
@@ -416,18 +388,6 @@ void tst_FinestreRilevamenti::penalitaRifiutate() {
     QCOMPARE(dialoghi().viste().size(), 2);
     const auto* modello = finestra.findChild<QTableView*>("grT")->model();
     QCOMPARE(modello->index(0, Colonna::PenAgg).data().toString(), QString("-5"));
-}
-
-void tst_FinestreRilevamenti::penalitaStampate() {
-    const AnteprimaDiProva anteprima;
-    frmPenalitaAggiuntive finestra;
-    mostra(finestra);
-    digita("50");  // stored by the print, which shows it
-    premi(finestra, "cmdStampa");
-    QCOMPARE(anteprima.mostrati.size(), 1);
-    QCOMPARE(anteprima.mostrati.first().titoloFinestra, QString("Penalità Aggiuntive"));
-    QCOMPARE(anteprima.mostrati.first().righe(),
-             QList<QStringList>({{"4", "FERRI BIANCHI", "50", "", "CO Asti"}}));
 }
 
 PROVA_FINESTRE(tst_FinestreRilevamenti)

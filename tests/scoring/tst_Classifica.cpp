@@ -27,7 +27,6 @@ class tst_Classifica final : public ProvaConProgramma {
     Q_OBJECT
 
 private Q_SLOTS:
-    void senzaManifestazione();
     void ordineEParimerito();
     void righeScritte();
     void selezioni();
@@ -38,16 +37,6 @@ private Q_SLOTS:
     void erroriNominanoLEquipaggio();
     void fallimentoNonLasciaMeta();
 };
-
-void tst_Classifica::senzaManifestazione() {
-    inserisciRiga("Classifica", {{"Num", 1}});
-    for (const int attiva : {0, 77}) {
-        IDMan = attiva;
-        dialoghi().attendiMessaggio("Impossibile Generare la Classsifica", "Nessuna Manifestazione Attiva");
-        QVERIFY(!GeneraClassifica({.silenziosa = true}));
-    }
-    QCOMPARE(contaRighe("Classifica"), 1);
-}
 
 void tst_Classifica::ordineEParimerito() {
     nuovaManifestazione();

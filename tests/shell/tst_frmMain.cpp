@@ -59,7 +59,6 @@ private Q_SLOTS:
     void classificaDiGruppo();
     void uscita();
     void avvioRifiutato();
-    void avvioEUscita();
     void informazioni();
 };
 
@@ -290,21 +289,6 @@ void tst_frmMain::avvioRifiutato() {
     inModale<frmSplash>([] { QVERIFY(avvia() != 0); }, [](frmSplash& splash) { premi(splash, "cmdOK"); });
     QCOMPARE(leggiFile(percorsoArchivio()), QByteArray("Qualcosa d'altro"));
     QVERIFY(!QFile::exists(percorsoNelProgramma("Backup")));
-}
-
-void tst_frmMain::avvioEUscita() {
-    inModale<frmSplash>([] { QCOMPARE(avvia(), 0); }, [](frmSplash& splash) { premi(splash, "cmdEsci"); });
-    QVERIFY(!QFile::exists(percorsoArchivio()));
-
-    inModale<frmSplash>([] { QCOMPARE(avvia(), 0); },
-                        [](frmSplash& splash) {
-                            QTimer::singleShot(0, qApp, [] {
-                                for (QWidget* finestra : QApplication::topLevelWidgets())
-                                    finestra->objectName() == "frmMain" && finestra->close();
-                            });
-                            QTest::keyClick(&splash, Qt::Key_Return);
-                        });
-    QVERIFY(QFile::exists(percorsoCopiaDelGiorno()));
 }
 
 void tst_frmMain::informazioni() {

@@ -55,7 +55,6 @@ private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase() { QResource::unregisterResource(FILE_AIUTO); }
     void tutteLePagine();
-    void f1();
 };
 
 void tst_Aiuto::initTestCase() {
@@ -83,29 +82,6 @@ void tst_Aiuto::tutteLePagine() {
     const QStringList elencate = Lettore("index.html").collegamenti();
     QCOMPARE(QSet<QString>(elencate.begin(), elencate.end()) << "index.html",
              QSet<QString>(tutte.begin(), tutte.end()));
-}
-
-void tst_Aiuto::f1() {
-    impostaFileAiuto(FILE_AIUTO);
-    const std::pair<const char*, const char*> casi[] = {
-        {"frmInformazioni", "frmInformazioni.html"},
-        {"frmClassificaDiGruppo", "frmClassificaDiGruppo.html"},
-        {"frmSenzaPagina", "index.html"}};
-    for (const auto& [finestra, attesa] : casi) {
-        FinestraDiProva prova(finestra);
-        prova.show();
-        QTest::keyClick(&prova, Qt::Key_F1);
-        const QWidgetList aperte = QApplication::topLevelWidgets();
-        const auto aiuto = std::ranges::find_if(aperte, [](auto* w) { return qobject_cast<frmAiuto*>(w); });
-        QVERIFY(aiuto != aperte.end() && (*aiuto)->isVisible());
-        auto* testo = (*aiuto)->findChild<QTextBrowser*>("txtPagina");
-        QCOMPARE(testo->source().fileName(), QString(attesa));
-        // In the style of the pages, not in the browser's own.
-        const QTextCharFormat titolo = testo->document()->begin().begin().fragment().charFormat();
-        QVERIFY(titolo.foreground().style() != Qt::NoBrush);
-        QTest::mouseClick((*aiuto)->findChild<QPushButton*>("cmdIndice"), Qt::LeftButton);
-        QCOMPARE(testo->source().fileName(), QString("index.html"));
-    }
 }
 
 PROVA_FINESTRE(tst_Aiuto)
