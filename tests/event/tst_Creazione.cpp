@@ -346,7 +346,7 @@ void tst_Creazione::dateEAnniTrattengono() {
 }
 
 void tst_Creazione::uscita() {
-    inPagina(1, [&] {
+    inPagina(0, [&] {
         dialoghi().attendiDomanda(Uscita, TestoUscita, false);
         pagina()->close();
         QVERIFY(pagina());
