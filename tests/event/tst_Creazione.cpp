@@ -55,7 +55,9 @@ private Q_SLOTS:
     void gruppi();
     void prove();
     void dateEAnniTrattengono();
+    void uscita();
     void salvataggioFallito();
+    void soloTastiera();
 
 private:
     void attendiSalvata(bool attiva) {
@@ -343,6 +345,18 @@ void tst_Creazione::dateEAnniTrattengono() {
     });
 }
 
+void tst_Creazione::uscita() {
+    inPagina(0, [&] {
+        dialoghi().attendiDomanda(Uscita, TestoUscita, false);
+        pagina()->close();
+        QVERIFY(pagina());
+        dialoghi().attendiDomanda(Uscita, TestoUscita, true);
+        premi("cmdAnnulla");
+        QVERIFY(!pagina());
+    });
+    QCOMPARE(contaRighe("Manifestazioni"), 0);
+}
+
 void tst_Creazione::salvataggioFallito() {
     guasta("INSERT ON Raggruppamenti");
     const int id = inPagina(1, [&] {
@@ -359,6 +373,32 @@ void tst_Creazione::salvataggioFallito() {
         premi("cmdSalva");
     });
     QCOMPARE(contaRighe("Raggruppamenti", QString("IDMan_FK=%1").arg(id)), 7);
+}
+
+void tst_Creazione::soloTastiera() {
+    inPagina(3, [&] {
+        for (const char* nome : {"Uno", "Due", "Tre"})
+            aggiungi(QString("txtNom=%1;txtTem=00:00:10").arg(nome));
+        // The space bar loads the row, and the road of Enter then ends on Modifica.
+        auto* prove = controllo<Elenco>(pagina(), "lstProve");
+        prove->setFocus();
+        tasto(Qt::Key_End);
+        tasto(Qt::Key_Space);
+        confronta("txtNom=Tre");
+        digita("Ultima");
+        controllo<QWidget>(pagina(), "cboCon")->setFocus();
+        tasto(Qt::Key_Return);
+        QCOMPARE(fuoco(), QString("cmdMod"));
+        tasto(Qt::Key_Space);
+        confronta("lstProve 2 1=Ultima");
+        // The row stays current, no longer chosen: a second Canc deletes nothing more.
+        prove->setFocus();
+        tasto(Qt::Key_Down);
+        for (int i = 0; i < 2; ++i)
+            tasto(Qt::Key_Delete);
+        QCOMPARE(prove->scelta(), -1);
+        QCOMPARE(prove->currentIndex().row(), 1);
+    });
 }
 
 PROVA_FINESTRE(tst_Creazione)

@@ -1,5 +1,3 @@
-#include "common/Finestra.h"
-#include "common/frmAiuto.h"
 #include "supporto/ProvaFinestre.h"
 
 #include <algorithm>
@@ -39,11 +37,6 @@ public:
     }
 
     QStringList mancate;
-};
-
-class FinestraDiProva final : public Finestra {
-public:
-    explicit FinestraDiProva(const QString& nome) { setObjectName(nome); }
 };
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include "common/Funzioni.h"
 #include "supporto/ProgrammaDiProva.h"
 #include "tools/CreaEsempio.h"
 
