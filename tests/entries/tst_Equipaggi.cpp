@@ -10,7 +10,6 @@ class tst_Equipaggi final : public ProvaConProgramma {
 private Q_SLOTS:
     void soloNumero();
     void riscrittura();
-    void maschere();
     void uccisoAMeta();
 };
 
@@ -108,13 +107,6 @@ void tst_Equipaggi::riscrittura() {
     QCOMPARE(valori["Ses"].toString() + valori["SesNav"].toString(), QString("MF"));
     QVERIFY_EXCEPTION_THROWN(aggiornaEquipaggio(id + 1, testi), ErroreArchivio);
     QVERIFY_EXCEPTION_THROWN(leggiEquipaggio(id + 1), ErroreArchivio);
-}
-
-void tst_Equipaggi::maschere() {
-    QCOMPARE(dataPerMaschera("1950-02-01"), QString("01/02/1950"));
-    QCOMPARE(dataPerMaschera("0050-02-01"), QString("01/02/0050"));
-    QCOMPARE(dataPerMaschera("01/02/50"), QString("01/02/0050"));
-    QCOMPARE(dataPerMaschera("01/02/"), QString("01/02/0000"));
 }
 
 void tst_Equipaggi::uccisoAMeta() {

@@ -14,7 +14,6 @@ class tst_Gruppi final : public ProvaConProgramma {
 
 private Q_SLOTS:
     void verifica();
-    void anno();
     void riassegnazione();
 };
 
@@ -57,13 +56,6 @@ void tst_Gruppi::verifica() {
                  (QStringList{titolo, testo, campo}));
         QCOMPARE(rifiuto.icona, titolo.startsWith("Imp") ? Icona::Stop : Icona::Esclamazione);
     }
-}
-
-void tst_Gruppi::anno() {
-    for (const char* ammesso : {"", "1850", "2000"})
-        QVERIFY2(!verificaAnno(ammesso), ammesso);
-    for (const char* rifiutato : {"1849", "2001", "55"})
-        QCOMPARE(verificaAnno(rifiutato).value_or(Rifiuto()).titolo, QString("Dato Errato"));
 }
 
 void tst_Gruppi::riassegnazione() {

@@ -14,7 +14,6 @@ public:
 private Q_SLOTS:
     void inAttesaEInMoto();
     void rifiuti();
-    void portaNonDisponibile();
     void nuovaSincronizzazione();
     void unaLinea();
     void impostazioni();
@@ -110,27 +109,6 @@ void tst_Orologio::rifiuti() {
         QVERIFY(dialoghi().finite() && !inAttesa());
         QTRY_VERIFY(!m_banco->linea.aperto() && !m_banco->lineaTabellone.aperto());
     }
-}
-
-void tst_Orologio::portaNonDisponibile() {
-    const auto attendiRifiuto = [this] {
-        dialoghi().attendiMessaggio("Impossibile Impostare la Porta COM", "Porta COM 1 NON Disponibile");
-    };
-    scegli(1);
-    m_banco->linea.stacca();
-    attendiRifiuto();
-    opzione("optCOMTAB_1")->click();
-    for (int i = 1; i <= 6; ++i)
-        QVERIFY(!opzione(QString("optCOMTAB_%1").arg(i))->isChecked());
-    QVERIFY(opzione("optCOMTAG_1")->isChecked());
-    // Gone between the choice and its use.
-    opzione("optCOMTAB_2")->click();
-    attendiRifiuto();
-    premi("cmdSynchro");
-    QVERIFY(!inAttesa());
-    m_banco->linea.attacca();
-    sincronizza("12:34:56.78");
-    QTRY_COMPARE(orario(), "12:34:57");
 }
 
 // The clock goes on while it waits for a new time; of a wait that was given up nothing is left.

@@ -123,7 +123,9 @@ QList<Scritto> scrittiSu(Pittore& disegno, qsizetype pagina) {
 void tst_Pittore::gruppiInsieme() {
     Rapporto r = classifica(0);
     r.colonneGruppo = {{.testata = "SQUADRA", .campo = "Nom"}};
-    r.gruppi = QList<GruppoRapporto>(12, classifica(6).gruppi.first());
+    GruppoRapporto squadra = classifica(6).gruppi.first();
+    squadra.celle = {"Scuderia"};
+    r.gruppi = QList<GruppoRapporto>(12, squadra);
     const Pittore squadre(r, A4);
     QVERIFY(squadre.pagine().size() > 1);
     for (const Pagina& pagina : squadre.pagine())

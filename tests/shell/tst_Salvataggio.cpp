@@ -112,7 +112,7 @@ void tst_Salvataggio::copiaFallita() {
 
 void tst_Salvataggio::copiaDanneggiata() {
     for (const bool guasta : {true, false}) {  // a page of it is hurt, or an action was interrupted
-        const ProgrammaDiProva programma;
+        ricomincia();
         ChiudiDataBase();
         salvaCopiaDelGiorno();
         const QByteArray buona = leggiFile(Oggi);

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -96,7 +97,8 @@ inline QString contenuto(Su finestra, const QString& nome) {
                             : quale->inherits("QLineEdit") ? "displayText"
                                                            : "text";
     const QString testo = quale->property(proprieta).toString();
-    return quale->inherits("QLabel") ? QString(testo).remove('&') : testo;
+    const auto* etichetta = qobject_cast<const QLabel*>(quale);
+    return etichetta && etichetta->buddy() ? QString(testo).remove('&') : testo;
 }
 
 // "txtNom=Coppa;cboPro=PA;chkRagAuto=SI" as pairs.
