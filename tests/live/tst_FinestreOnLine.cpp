@@ -21,7 +21,6 @@ private Q_SLOTS:
     void interrotta();
     void archivioRifiuta();
     void tabelloneStaccato();
-    void portaNonValida();
     void numero();
     void sceltaTabellone();
     void impostazioni();
@@ -267,14 +266,6 @@ void tst_FinestreOnLine::tabelloneStaccato() {
     dialoghi().attendiMessaggio("Errore", QString());
     finestra.close();
     QVERIFY(!finestra.isVisible());
-}
-
-void tst_FinestreOnLine::portaNonValida() {
-    m_programma->impostazioni.valori = {{"com/online", "2"}, {"com/tabellone", "2"}};
-    frmRicezioneONLINE finestra(catenaAttiva());
-    finestra.show();
-    dialoghi().attendiMessaggio("Porta COM NON Valida", "La Porta COM 2 è Utilizzata dal Tabellone");
-    premi(finestra, "cmdRX");
 }
 
 void tst_FinestreOnLine::numero() {

@@ -56,10 +56,6 @@ void DialoghiDiProva::attendiChiedi(const QString& titolo, const QString& testo,
     m_attese << Scatola{Tipo::Chiedi, titolo, testo, Icona::Nessuna, risposta};
 }
 
-void DialoghiDiProva::attendiApriFile(const QString& percorso) {
-    m_attese << Scatola{Tipo::ApriFile, {}, {}, Icona::Nessuna, percorso};
-}
-
 void DialoghiDiProva::attendiSalvaFile(const QString& percorso) {
     m_attese << Scatola{Tipo::SalvaFile, {}, {}, Icona::Nessuna, percorso};
 }

@@ -22,7 +22,6 @@ public:
     void attendiMessaggio(const QString& titolo, const QString& testo, Icona icona = Icona::Esclamazione);
     void attendiDomanda(const QString& titolo, const QString& testo, bool si);
     void attendiChiedi(const QString& titolo, const QString& testo, const std::optional<QString>& risposta);
-    void attendiApriFile(const QString& percorso);
     void attendiSalvaFile(const QString& percorso);
     void attendiAvviso(const QString& testo);
 

@@ -39,11 +39,6 @@ public:
         m_arrivati += dati;
         Q_EMIT ricevuto();
     }
-    void perdi(const GuastoPorta& guasto) {
-        m_aperta = false;
-        impostaGuasto(guasto);
-        Q_EMIT guasta();
-    }
 
     Linea linea;
     GuastoPorta guastoInApertura;
