@@ -85,7 +85,7 @@ public:
         riuscita =
             titolo == "Ricezione OK"_L1 && testo.contains(u"Ricevuti %1 "_s.arg(Equipaggi * Pressostati));
     }
-    bool domanda(const QString&, const QString&, Icona) override { return false; }
+    bool domanda(const QString&, const QString&, Icona, Innocua) override { return false; }
     std::optional<QString> chiedi(const QString&, const QString&, const QString&) override { return {}; }
     QString apriFile(const QString&, const QString&, const QString&) override { return {}; }
     QString salvaFile(const QString&, const QString&, const QString&) override { return {}; }
