@@ -126,9 +126,10 @@ private:
             if (!prova)
                 continue;
             const auto media = m_medie.constFind(riga.intero(0));
-            if (media != m_medie.cend())
+            if (media != m_medie.cend()) {
                 esamina(riga.intero(0), *prova, {riga.intero(2), leggiTempo(riga, 3), leggiTempo(riga, 4)},
                         *media);
+            }
             percentuale.passo();
         }
         std::ranges::stable_sort(m_risultato.equipaggi, {}, &EquipaggioTrovato::num);

@@ -95,7 +95,7 @@ std::vector<Riga> raccogli(const RichiestaClassifica& richiesta, const QSet<int>
         if (riga.esclusa)
             aggiungiEscluso(esclusi, crew.testo(Num), incompleto ? MotivoAutomatico : crew.testo(MotEsc));
         riga.equipaggio = calcolo.trova(riga.idEqu);
-        righe.push_back(std::move(riga));
+        righe.push_back(riga);
     }
     return righe;
 }

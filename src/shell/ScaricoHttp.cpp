@@ -30,13 +30,15 @@ struct ScaricoHttp::Trasferimento {
     // The library's callbacks: fewer bytes than came end the transfer.
     static std::size_t testata(const char* /*dati*/, std::size_t uno, std::size_t byte, void* contesto) {
         auto& questo = *static_cast<Trasferimento*>(contesto);
-        questo.testate += static_cast<qsizetype>(uno * byte);
-        return questo.testate <= questo.massimo ? uno * byte : 0;
+        const std::size_t arrivati = uno * byte;
+        questo.testate += static_cast<qsizetype>(arrivati);
+        return questo.testate <= questo.massimo ? arrivati : 0;
     }
     static std::size_t contenuto(const char* dati, std::size_t uno, std::size_t byte, void* contesto) {
         auto& questo = *static_cast<Trasferimento*>(contesto);
-        questo.ricevuti.append(dati, static_cast<qsizetype>(uno * byte));
-        return questo.ricevuti.size() <= questo.massimo ? uno * byte : 0;
+        const std::size_t arrivati = uno * byte;
+        questo.ricevuti.append(dati, static_cast<qsizetype>(arrivati));
+        return questo.ricevuti.size() <= questo.massimo ? arrivati : 0;
     }
 
     template <typename Valore>
